@@ -1,0 +1,22 @@
+#pragma once
+
+#include <exception>
+#include <stop_token>
+
+namespace trackloom {
+
+/// Thrown by long-running core functions when their stop token was triggered.
+/// It is not a refusal: callers drop the work silently instead of showing it.
+class CancellationError : public std::exception {
+public:
+    const char* what() const noexcept override { return "cancelled"; }
+};
+
+/// Throws `CancellationError` when a stop was requested on `token`.
+inline void throwIfCancelled(const std::stop_token& token) {
+    if (token.stop_requested()) {
+        throw CancellationError();
+    }
+}
+
+} // namespace trackloom

@@ -1,0 +1,58 @@
+#include "core/base/xml/xml_document.h"
+
+#include <libxml/tree.h>
+
+namespace trackloom::xml {
+
+void Document::Free::operator()(_xmlDoc* doc) const { xmlFreeDoc(doc); }
+
+Document::Document(_xmlDoc* doc) : m_doc(doc) {}
+Document::Document(Document&&) noexcept = default;
+Document& Document::operator=(Document&&) noexcept = default;
+Document::~Document() = default;
+
+Document Document::copy() const { return Document(xmlCopyDoc(m_doc.get(), 1)); }
+
+std::optional<Element> Document::root() const {
+    xmlNodePtr root = m_doc ? xmlDocGetRootElement(m_doc.get()) : nullptr;
+    return root ? std::optional<Element>(Element(root)) : std::nullopt;
+}
+
+void Document::setEncoding(std::string_view encoding) {
+    if (m_doc->encoding != nullptr) {
+        xmlFree(const_cast<xmlChar*>(m_doc->encoding));
+    }
+    const std::string text(encoding);
+    m_doc->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>(text.c_str()));
+}
+
+std::string Document::serialize() const {
+    xmlChar* buffer = nullptr;
+    int size = 0;
+    xmlDocDumpFormatMemoryEnc(m_doc.get(), &buffer, &size, "UTF-8", 0);
+    std::string bytes(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(size));
+    xmlFree(buffer);
+    return bytes;
+}
+
+Element Document::createElement(std::string_view localName, std::string_view namespaceURI,
+                                std::string_view prefix, Element scope) {
+    const std::string name(localName);
+    const std::string uri(namespaceURI);
+    xmlNodePtr node = xmlNewDocNode(m_doc.get(), nullptr,
+                                    reinterpret_cast<const xmlChar*>(name.c_str()), nullptr);
+    if (!uri.empty()) {
+        xmlNsPtr ns = xmlSearchNsByHref(m_doc.get(), scope.node(),
+                                        reinterpret_cast<const xmlChar*>(uri.c_str()));
+        if (ns == nullptr) {
+            const std::string declared(prefix);
+            ns = xmlNewNs(node, reinterpret_cast<const xmlChar*>(uri.c_str()),
+                          declared.empty() ? nullptr
+                                           : reinterpret_cast<const xmlChar*>(declared.c_str()));
+        }
+        xmlSetNs(node, ns);
+    }
+    return Element(node);
+}
+
+} // namespace trackloom::xml

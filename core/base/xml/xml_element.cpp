@@ -1,0 +1,151 @@
+#include "core/base/xml/xml_document.h"
+
+#include <libxml/tree.h>
+
+namespace trackloom::xml {
+namespace {
+
+const xmlChar* asXml(std::string_view text) {
+    return reinterpret_cast<const xmlChar*>(text.data());
+}
+
+std::string_view view(const xmlChar* text) {
+    return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
+}
+
+bool matches(const xmlNode* node, std::string_view localName, std::string_view namespaceURI) {
+    if (node->type != XML_ELEMENT_NODE || view(node->name) != localName) {
+        return false;
+    }
+    return view(node->ns ? node->ns->href : nullptr) == namespaceURI;
+}
+
+std::optional<Element> firstMatchFrom(xmlNode* node, std::string_view localName,
+                                      std::string_view namespaceURI) {
+    for (; node != nullptr; node = node->next) {
+        if (matches(node, localName, namespaceURI)) {
+            return Element(node);
+        }
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::string_view Element::localName() const { return view(m_node->name); }
+
+std::string_view Element::namespaceURI() const {
+    return view(m_node->ns ? m_node->ns->href : nullptr);
+}
+
+std::string_view Element::prefix() const {
+    return view(m_node->ns ? m_node->ns->prefix : nullptr);
+}
+
+std::optional<std::string> Element::attribute(std::string_view name) const {
+    const std::string key(name);
+    xmlAttrPtr attribute = xmlHasNsProp(m_node, asXml(key), nullptr);
+    if (attribute == nullptr) {
+        return std::nullopt;
+    }
+    const xmlNode* only = attribute->children;
+    if (only == nullptr) {
+        return std::string();
+    }
+    if (only->next == nullptr && only->type == XML_TEXT_NODE) {
+        return std::string(view(only->content));
+    }
+    xmlChar* value = xmlNodeListGetString(m_node->doc, attribute->children, 1);
+    std::string result(view(value));
+    xmlFree(value);
+    return result;
+}
+
+std::string Element::text() const {
+    const xmlNode* only = m_node->children;
+    if (only != nullptr && only->next == nullptr &&
+        (only->type == XML_TEXT_NODE || only->type == XML_CDATA_SECTION_NODE)) {
+        return std::string(view(only->content));
+    }
+    xmlChar* content = xmlNodeGetContent(m_node);
+    std::string result(view(content));
+    xmlFree(content);
+    return result;
+}
+
+std::optional<Element> Element::firstChild(std::string_view localName,
+                                           std::string_view namespaceURI) const {
+    return firstMatchFrom(m_node->children, localName, namespaceURI);
+}
+
+std::optional<Element> Element::nextSibling(std::string_view localName,
+                                            std::string_view namespaceURI) const {
+    return firstMatchFrom(m_node->next, localName, namespaceURI);
+}
+
+std::vector<Element> Element::children(std::string_view localName,
+                                       std::string_view namespaceURI) const {
+    std::vector<Element> result;
+    for (xmlNode* child = m_node->children; child != nullptr; child = child->next) {
+        if (matches(child, localName, namespaceURI)) {
+            result.emplace_back(child);
+        }
+    }
+    return result;
+}
+
+std::vector<Element> Element::childElements() const {
+    std::vector<Element> result;
+    for (xmlNode* child = m_node->children; child != nullptr; child = child->next) {
+        if (child->type == XML_ELEMENT_NODE) {
+            result.emplace_back(child);
+        }
+    }
+    return result;
+}
+
+std::optional<Element> Element::parent() const {
+    if (m_node->parent == nullptr || m_node->parent->type != XML_ELEMENT_NODE) {
+        return std::nullopt;
+    }
+    return Element(m_node->parent);
+}
+
+void Element::setText(std::string_view text) {
+    const std::string value(text);
+    xmlChar* escaped = xmlEncodeSpecialChars(m_node->doc, asXml(value));
+    xmlNodeSetContent(m_node, escaped);
+    xmlFree(escaped);
+}
+
+void Element::setAttribute(std::string_view name, std::string_view value) {
+    const std::string key(name);
+    const std::string text(value);
+    xmlSetNsProp(m_node, nullptr, asXml(key), asXml(text));
+}
+
+void Element::setLocalName(std::string_view localName) {
+    const std::string name(localName);
+    xmlNodeSetName(m_node, asXml(name));
+}
+
+void Element::remove() {
+    xmlUnlinkNode(m_node);
+    xmlFreeNode(m_node);
+    m_node = nullptr;
+}
+
+void Element::detach() { xmlUnlinkNode(m_node); }
+
+void Element::appendChild(Element child) { xmlAddChild(m_node, child.m_node); }
+
+void Element::insertBefore(Element sibling) { xmlAddPrevSibling(m_node, sibling.m_node); }
+
+void Element::insertAfter(Element sibling) { xmlAddNextSibling(m_node, sibling.m_node); }
+
+Element Element::copyInto(Document& document) const {
+    auto root = document.root();
+    return Element(xmlDocCopyNode(m_node, root ? root->node()->doc : nullptr, 1));
+}
+
+} // namespace trackloom::xml

@@ -1,0 +1,101 @@
+// Parsing with libxml2 under the rules the GPX reader needs: nothing external is
+// ever loaded, nothing is substituted, and a document type declaration stops the
+// parser at once, so entity bombs and external entities are never expanded.
+
+#include "core/base/xml/xml_document.h"
+#include "core/base/xml/xml_internal.h"
+
+#include <libxml/parser.h>
+#include <libxml/parserInternals.h>
+
+#include <mutex>
+
+namespace trackloom::xml {
+namespace {
+
+xmlParserInputPtr refuseExternalEntity(const char*, const char*, xmlParserCtxtPtr) {
+    return nullptr;
+}
+
+void installEntityLoaderOnce() {
+    static std::once_flag once;
+    std::call_once(once, [] {
+        xmlInitParser();
+        xmlSetExternalEntityLoader(refuseExternalEntity);
+    });
+}
+
+struct ParseState {
+    std::string firstFatal;
+    std::string firstError;
+    bool documentType = false;
+};
+
+ParseState& stateOf(void* context) {
+    return *static_cast<ParseState*>(static_cast<xmlParserCtxtPtr>(context)->_private);
+}
+
+void recordError(void* context, xmlErrorPtr error) {
+    if (error == nullptr || error->message == nullptr) {
+        return;
+    }
+    auto& state = stateOf(context);
+    auto& slot = error->level == XML_ERR_FATAL ? state.firstFatal : state.firstError;
+    if (slot.empty() && error->level >= XML_ERR_ERROR) {
+        slot = trimmed(error->message);
+    }
+}
+
+void stopAtDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+    stateOf(context).documentType = true;
+    xmlStopParser(static_cast<xmlParserCtxtPtr>(context));
+}
+
+struct FreeContext {
+    void operator()(xmlParserCtxtPtr context) const { xmlFreeParserCtxt(context); }
+};
+
+} // namespace
+
+std::string trimmed(std::string_view text) {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\n' || c == '\r' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return std::string(text);
+}
+
+int parseOptions() { return XML_PARSE_NONET | XML_PARSE_HUGE; }
+
+Document Document::parse(std::string_view bytes) {
+    installEntityLoaderOnce();
+    std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
+    if (!context) {
+        throw ParseError(ParseError::Kind::syntax, "out of memory");
+    }
+    ParseState state;
+    context->_private = &state;
+    context->sax->serror = recordError;
+    context->sax->internalSubset = stopAtDocumentType;
+
+    const char* data = bytes.empty() ? "" : bytes.data();
+    xmlDocPtr doc = xmlCtxtReadMemory(context.get(), data, static_cast<int>(bytes.size()),
+                                      nullptr, nullptr, parseOptions());
+    Document document(doc);
+    if (state.documentType) {
+        throw ParseError(ParseError::Kind::documentType, "document type declaration");
+    }
+    if (doc == nullptr || !context->wellFormed) {
+        auto description = !state.firstFatal.empty() ? state.firstFatal : state.firstError;
+        if (description.empty()) {
+            description = "Document is empty";
+        }
+        throw ParseError(ParseError::Kind::syntax, description);
+    }
+    return document;
+}
+
+} // namespace trackloom::xml

@@ -1,0 +1,19 @@
+// trackloom-cli: the core's operations for scripting, with JSON on stdout.
+
+#include "tools/cli/command_registry.h"
+
+int main(int argc, char** argv) {
+    using namespace trackloom::cli;
+    CLI::App app{"Trackloom – GPX-Tracks und Zeitachsen auf der Kommandozeile"};
+    app.set_version_flag("--version", TRACKLOOM_VERSION);
+    app.require_subcommand(1);
+    CommandRegistry registry;
+    addGpxCommands(app, registry);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        const int status = app.exit(error);
+        return status == 0 ? success : usageError;
+    }
+    return registry.run();
+}
