@@ -26,5 +26,7 @@ class CommandRegistry {
 };
 
 void addGpxCommands(CLI::App& app, CommandRegistry& registry);
+/// Adds the writing commands to the `gpx` group (call after `addGpxCommands`).
+void addGpxWriteCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli

@@ -90,6 +90,9 @@ class Element {
     _xmlNode* m_node;
 };
 
+/// `text` escaped for use as element content (`&`, `<`, `>` and carriage returns).
+std::string escapedText(std::string_view text);
+
 /// An owned XML document.
 class Document {
   public:

@@ -2,6 +2,7 @@
 // since it was read, and writes the rest the way libxml2 would: attributes in
 // double quotes, `<a/>` for an element without content, the usual escapes.
 
+#include "core/base/xml/xml_document.h"
 #include "core/base/xml/xml_internal.h"
 #include "core/base/xml/xml_layout.h"
 
@@ -276,6 +277,12 @@ class Writer {
 };
 
 } // namespace
+
+std::string escapedText(std::string_view text) {
+    std::string escaped;
+    appendEscaped(escaped, text, false);
+    return escaped;
+}
 
 std::string serializeDocument(const xmlDoc* doc) {
     return Writer(doc).document(doc);
