@@ -285,6 +285,16 @@ TimelineGPX TimelineSession::gpxOn(Instant day, bool includeActivities, bool inc
 
 TimelineGPX TimelineSession::gpxIn(DateInterval range, bool includeActivities, bool includeVisits,
                                    std::optional<std::int64_t> segment) const {
+    const auto points = exportSelection(range, includeActivities, includeVisits, segment);
+    if (points.empty()) {
+        throw GPXError("Für diese Auswahl gibt es keine Punkte zum Exportieren.");
+    }
+    return writeTimelineGPX(points, range, timelineExportTitle(range, m_calendar));
+}
+
+std::vector<TimelinePoint>
+TimelineSession::exportSelection(DateInterval range, bool includeActivities, bool includeVisits,
+                                 std::optional<std::int64_t> segment) const {
     auto points = pointsIn(range);
     std::erase_if(points, [&](const TimelinePoint& point) {
         const bool kindSelected =
@@ -293,10 +303,7 @@ TimelineGPX TimelineSession::gpxIn(DateInterval range, bool includeActivities, b
             (point.kind == TimelinePointKind::visit && includeVisits);
         return !kindSelected || (segment && point.segment != *segment);
     });
-    if (points.empty()) {
-        throw GPXError("Für diese Auswahl gibt es keine Punkte zum Exportieren.");
-    }
-    return writeTimelineGPX(points, range, timelineExportTitle(range, m_calendar));
+    return points;
 }
 
 } // namespace trackloom

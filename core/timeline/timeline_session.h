@@ -48,6 +48,8 @@ class TimelineSession {
 
     /// The current version of a point; absent when deleted or unknown.
     std::optional<TimelinePoint> point(std::int64_t id) const;
+    /// Whether an imported point currently differs from its imported version.
+    bool isEdited(std::int64_t id) const { return m_overrides.contains(id); }
     /// The days holding current points, in date order.
     std::vector<TimelineDay> days() const;
     /// The current points of the day holding `day`, in `precedes` order (as are
@@ -94,11 +96,14 @@ class TimelineSession {
     /// GPX of the day holding `day`. Throws `GPXError` for an instant no
     /// calendar day holds, and as `gpxIn` does.
     TimelineGPX gpxOn(Instant day, bool includeActivities, bool includeVisits) const;
-    /// GPX of the path points of `range` (as `pointsIn` selects them), with the
-    /// activity endpoints and visits when asked, only of `segment` when given.
-    /// Throws `GPXError` when nothing is selected.
+    /// GPX of `exportSelection(range, …)`. Throws `GPXError` when it is empty.
     TimelineGPX gpxIn(DateInterval range, bool includeActivities, bool includeVisits,
                       std::optional<std::int64_t> segment = std::nullopt) const;
+    /// The path points of `range` (as `pointsIn` selects them), with the
+    /// activity endpoints and visits when asked, only of `segment` when given.
+    std::vector<TimelinePoint> exportSelection(DateInterval range, bool includeActivities,
+                                               bool includeVisits,
+                                               std::optional<std::int64_t> segment) const;
 
   private:
     using Group = std::vector<Change>;

@@ -19,19 +19,13 @@ bool hasOnlyFiniteNumbers(const TimelinePoint& point) {
 }
 
 void encodePoint(JsonWriter& json, const TimelinePoint& point) {
-    json.beginObject()
-        .key("id")
-        .value(point.id)
-        .key("segment")
-        .value(point.segment)
-        .key("kind")
-        .value(rawValue(point.kind))
-        .key("latitude")
-        .value(point.latitude)
-        .key("longitude")
-        .value(point.longitude)
-        .key("time")
-        .value(point.time.secondsSinceReference());
+    json.beginObject();
+    json.key("id").value(point.id);
+    json.key("segment").value(point.segment);
+    json.key("kind").value(rawValue(point.kind));
+    json.key("latitude").value(point.latitude);
+    json.key("longitude").value(point.longitude);
+    json.key("time").value(point.time.secondsSinceReference());
     if (point.endTime) {
         json.key("endTime").value(point.endTime->secondsSinceReference());
     }
@@ -121,13 +115,10 @@ WorkingCopy decodeCopy(simdjson::ondemand::document& document, const std::stop_t
 
 std::string encodeWorkingCopy(const std::vector<TimelinePoint>& points) {
     JsonWriter json;
-    json.beginObject()
-        .key("format")
-        .value(workingCopyFormat)
-        .key("version")
-        .value(workingCopyVersion)
-        .key("points")
-        .beginArray();
+    json.beginObject();
+    json.key("format").value(workingCopyFormat);
+    json.key("version").value(workingCopyVersion);
+    json.key("points").beginArray();
     for (const auto& point : points) {
         if (!hasOnlyFiniteNumbers(point)) {
             throw GPXError("Ungültige Standortpunkte oder Zeitangaben.");
