@@ -27,5 +27,6 @@ private:
 };
 
 void addGpxCommands(CLI::App& app, CommandRegistry& registry);
+void addGpxEditCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli
