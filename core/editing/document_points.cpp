@@ -1,5 +1,8 @@
 #include "core/editing/document_points.h"
 
+#include <algorithm>
+#include <set>
+
 namespace trackloom {
 namespace {
 
@@ -26,17 +29,31 @@ std::vector<xml::Element> pointElements(xml::Element root, std::string_view name
     return result;
 }
 
-std::set<std::int64_t> airRouteIDs(const GPXTrack& track) {
-    std::set<std::int64_t> ids;
-    for (const auto& route : track.airRoutes()) {
-        ids.insert(route.id);
+std::vector<xml::Element> airRouteElements(const GPXTrack& track, xml::Element root) {
+    const auto routes = root.children("rte", track.namespaceURI());
+    std::vector<xml::Element> result;
+    for (const auto& airRoute : track.airRoutes()) {
+        result.push_back(routes[static_cast<std::size_t>(airRoute.id)]);
     }
-    return ids;
+    return result;
 }
 
-TrackPtr readBack(const GPXTrack::EditableCopy& copy, const GPXTrack& track,
-                  std::set<std::int64_t> knownAirRouteIDs) {
-    return GPXTrack::read(copy.document.serialize(), track.name(), std::move(knownAirRouteIDs));
+TrackPtr readBack(GPXTrack::EditableCopy copy, const GPXTrack& track,
+                  const std::vector<xml::Element>& airRoutes) {
+    // Routes before an air route may have gone or been added, so its index is
+    // taken from where it stands now.
+    std::set<std::int64_t> knownAirRouteIDs;
+    std::int64_t index = 0;
+    for (const auto& route : copy.root.children("rte", track.namespaceURI())) {
+        if (std::find(airRoutes.begin(), airRoutes.end(), route) != airRoutes.end()) {
+            knownAirRouteIDs.insert(index);
+        }
+        ++index;
+    }
+    const auto bytes = copy.document.serialize();
+    // The copy is as large as the result; free it before parsing that.
+    { const auto released = std::move(copy.document); }
+    return GPXTrack::read(bytes, track.name(), std::move(knownAirRouteIDs));
 }
 
 } // namespace trackloom

@@ -2,11 +2,10 @@
 
 // What every track operation needs between taking an editable copy and reading
 // the result back: the copy's point elements in the order of the track's points,
-// and the read-back that keeps the track's air routes recognised.
+// and a read-back that keeps the track's air routes recognised.
 
 #include "core/track/gpx_track.h"
 
-#include <set>
 #include <vector>
 
 namespace trackloom {
@@ -16,12 +15,13 @@ namespace trackloom {
 /// element at position i is the point whose id is i.
 std::vector<xml::Element> pointElements(xml::Element root, std::string_view namespaceURI);
 
-/// The route indices of the track's air routes.
-std::set<std::int64_t> airRouteIDs(const GPXTrack& track);
+/// The rte elements of the track's air routes in an editable copy of it.
+std::vector<xml::Element> airRouteElements(const GPXTrack& track, xml::Element root);
 
-/// Serialises an edited copy of `track` and reads it back under the track's name,
-/// keeping the given routes as air routes. Throws the reader's `GPXError`.
-TrackPtr readBack(const GPXTrack::EditableCopy& copy, const GPXTrack& track,
-                  std::set<std::int64_t> knownAirRouteIDs);
+/// Serialises the edited copy of `track`, frees it and reads the bytes back under
+/// the track's name. The given rte elements of the copy count as air routes at
+/// whatever position the edit left them. Throws the reader's `GPXError`.
+TrackPtr readBack(GPXTrack::EditableCopy copy, const GPXTrack& track,
+                  const std::vector<xml::Element>& airRoutes);
 
 } // namespace trackloom

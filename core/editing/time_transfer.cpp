@@ -40,7 +40,8 @@ TrackPtr materializingTimes(const GPXTrack& source, const GPXTrack& from, bool r
     if (const auto start = from.start()) {
         setDocumentTimes(copy.root, namespaceURI, *start);
     }
-    return readBack(copy, source, airRouteIDs(source));
+    const auto airRoutes = airRouteElements(source, copy.root);
+    return readBack(std::move(copy), source, airRoutes);
 }
 
 std::optional<std::vector<Instant>> interpolatedTimes(const TrackPoint& before,
