@@ -27,5 +27,6 @@ class CommandRegistry {
 
 void addGpxCommands(CLI::App& app, CommandRegistry& registry);
 void addGpxEditCommands(CLI::App& app, CommandRegistry& registry);
+void addTimelineCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli
