@@ -101,13 +101,14 @@ TrackPtr splitting(const GPXTrack& track, std::int64_t id, const std::string& fi
     const auto pointIndex = positionOf(section.children(chosen.localName(), namespaceURI), chosen);
 
     const auto airRoutes = airRouteElements(track, copy.root);
-    auto secondPart = clonedElement(container, copy.root);
+    auto secondPart = copiedElement(container, copy.root);
     if (!secondPart) {
         throw GPXError("Die GPX-Datei konnte nicht kopiert werden.");
     }
     keepPart(container, segmentIndex, pointIndex, false, isRoute, namespaceURI);
     keepPart(*secondPart, segmentIndex, pointIndex, true, isRoute, namespaceURI);
     container.insertAfter(*secondPart);
+    reconcileNamespaces(*secondPart);
     // Linked first, so that a new name element finds its namespace in scope.
     setNameChild(copy.document, container, namespaceURI, first);
     setNameChild(copy.document, *secondPart, namespaceURI, second);

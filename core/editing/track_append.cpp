@@ -59,16 +59,16 @@ class Combiner {
         });
     }
 
-    /// The other file's content, copied into this document.
+    /// The other file's content, copied into this document (still in its own
+    /// namespace).
     Content cloneOther(const GPXTrack& other) {
         const auto otherRoot = *other.xml().root();
         declareMissingNamespaces(otherRoot);
         return collect(other, otherRoot, [&](xml::Element element) {
-            const auto clone = clonedElement(element, m_copy.root);
+            const auto clone = copiedElement(element, m_copy.root);
             if (!clone) {
                 throw GPXError(joinFailed);
             }
-            normalize(*clone, other.namespaceURI(), m_copy.root);
             return *clone;
         });
     }
@@ -108,7 +108,7 @@ class Combiner {
             if (isAirRoute(track, index++)) {
                 content.airRoutes.push_back(taken);
             } else {
-                convertToTrack(taken);
+                convertToTrack(taken, sourceNamespace);
                 content.tracks.push_back(taken);
             }
         }
@@ -116,10 +116,10 @@ class Combiner {
     }
 
     /// The route becomes a track of one segment holding its points.
-    void convertToTrack(xml::Element route) {
+    void convertToTrack(xml::Element route, std::string_view routeNamespace) {
         auto segment =
             m_copy.document.createElement("trkseg", m_namespace, m_copy.root.prefix(), m_copy.root);
-        for (auto point : route.children("rtept", m_namespace)) {
+        for (auto point : route.children("rtept", routeNamespace)) {
             point.detach();
             point.setLocalName("trkpt");
             segment.appendChild(point);
@@ -171,6 +171,14 @@ TrackPtr appending(const GPXTrack& track, const GPXTrack& other) {
     for (const auto& part : {own.waypoints, added.waypoints, own.airRoutes, added.airRoutes,
                              own.tracks, added.tracks}) {
         combiner.insert(part);
+    }
+    // Only once linked can the copies share the root's declarations; then their
+    // GPX elements take this file's namespace and prefix.
+    for (const auto& part : {added.waypoints, added.airRoutes, added.tracks}) {
+        for (const auto& element : part) {
+            reconcileNamespaces(element);
+            normalize(element, other.namespaceURI(), copy.root);
+        }
     }
     const auto routes = copy.root.children("rte", track.namespaceURI());
     return readBack(std::move(copy), track, routes);

@@ -29,22 +29,18 @@ void insertAsFirstChild(xml::Element parent, xml::Element child) {
     }
 }
 
-std::optional<xml::Element> clonedElement(xml::Element element, xml::Element parent) {
-    std::unique_ptr<xmlDOMWrapCtxt, FreeWrapContext> context(xmlDOMWrapNewCtxt());
-    xmlNodePtr clone = nullptr;
-    if (!context ||
-        xmlDOMWrapCloneNode(context.get(), element.node()->doc, element.node(), &clone,
-                            parent.node()->doc, parent.node(), 1, 0) != 0 ||
-        clone == nullptr) {
-        return std::nullopt;
-    }
-    // The clone only borrowed the parent for resolving namespaces.
-    clone->parent = nullptr;
-    return xml::Element(clone);
+std::optional<xml::Element> copiedElement(xml::Element element, xml::Element destination) {
+    xmlNodePtr copy = xmlDocCopyNode(element.node(), destination.node()->doc, 1);
+    return copy ? std::optional(xml::Element(copy)) : std::nullopt;
 }
 
 void reconcileNamespaces(xml::Element element) {
-    xmlReconciliateNs(element.node()->doc, element.node());
+    // libxml2's XML_DOM_RECONNS_REMOVEREDUND, which its headers do not export.
+    constexpr int removeRedundantDeclarations = 1;
+    std::unique_ptr<xmlDOMWrapCtxt, FreeWrapContext> context(xmlDOMWrapNewCtxt());
+    if (context) {
+        xmlDOMWrapReconcileNamespaces(context.get(), element.node(), removeRedundantDeclarations);
+    }
 }
 
 std::vector<std::pair<std::string, std::string>> namespaceDeclarations(xml::Element element) {

@@ -16,14 +16,14 @@ namespace trackloom {
 /// comment or element already there.
 void insertAsFirstChild(xml::Element parent, xml::Element child);
 
-/// A deep copy of `element` (of this or another document) for the document of
-/// `parent`, its namespaces resolved in the scope of `parent` so that no
-/// declaration already in scope there is repeated. Not yet linked; nothing when
-/// the library cannot make the copy.
-std::optional<xml::Element> clonedElement(xml::Element element, xml::Element parent);
+/// A deep copy of `element` (of this or another document) owned by the document
+/// of `destination`, not yet linked; nothing when the library cannot make it.
+/// Reconcile its namespaces once it is linked.
+std::optional<xml::Element> copiedElement(xml::Element element, xml::Element destination);
 
-/// Declares, at `element`, every namespace its subtree uses but no longer has in
-/// scope; needed after moving elements out of a container that declared them.
+/// Makes every namespace the element's subtree uses declared in its scope (needed
+/// after copying or moving elements) and drops declarations that repeat one
+/// already in scope.
 void reconcileNamespaces(xml::Element element);
 
 /// The namespace declarations written on the element itself, as (prefix, URI);
