@@ -13,7 +13,7 @@ namespace trackloom {
 
 /// Fills a GPXTrack's derived fields from its document; see `GPXTrack::read`.
 class GPXTrackReader {
-public:
+  public:
     GPXTrackReader(GPXTrack& track, xml::Element root) : m_track(track), m_root(root) {}
 
     void readPoints();
@@ -22,7 +22,7 @@ public:
     void nameTrack(std::string_view filename);
     void countAuxiliaryInvalidTimes();
 
-private:
+  private:
     struct Container {
         xml::Element element;
         bool isRoute;
@@ -39,6 +39,7 @@ private:
     GPXTrack& m_track;
     xml::Element m_root;
     std::vector<std::int64_t> m_pointsPerContainer;
+    std::string m_textStorage;
 };
 
 namespace {
@@ -58,7 +59,7 @@ bool isSupportedNamespace(std::string_view uri) {
     return uri.empty() || uri == gpx11Namespace || uri == gpx10Namespace;
 }
 
-std::optional<double> coordinate(const std::optional<std::string>& text, double limit) {
+std::optional<double> coordinate(const std::optional<std::string_view>& text, double limit) {
     if (!text) {
         return std::nullopt;
     }
@@ -87,8 +88,8 @@ std::vector<GPXTrackReader::Container> GPXTrackReader::containers() const {
 void GPXTrackReader::readPoint(xml::Element element, std::int64_t segment) {
     auto& points = m_track.m_points;
     const auto id = static_cast<std::int64_t>(points.size());
-    const auto latitude = coordinate(element.attribute("lat"), 90);
-    const auto longitude = coordinate(element.attribute("lon"), 180);
+    const auto latitude = coordinate(element.attribute("lat", m_textStorage), 90);
+    const auto longitude = coordinate(element.attribute("lon", m_textStorage), 180);
     if (!latitude || !longitude) {
         throw GPXError::withNumber("Punkt ", id + 1, " hat ungültige Koordinaten.");
     }
@@ -97,7 +98,7 @@ void GPXTrackReader::readPoint(xml::Element element, std::int64_t segment) {
         if (next(*time)) {
             throw GPXError::withNumber("Punkt ", id + 1, " enthält mehrere Zeitstempel.");
         }
-        point.time = parseTrackTime(time->text());
+        point.time = parseTrackTime(time->text(m_textStorage));
         point.invalidTime = !point.time;
     }
     points.push_back(point);
@@ -112,8 +113,7 @@ void GPXTrackReader::readPoints() {
         for (auto point = first(container.element, pointName); point; point = next(*point)) {
             readPoint(*point, static_cast<std::int64_t>(index));
         }
-        m_pointsPerContainer.push_back(
-            static_cast<std::int64_t>(m_track.m_points.size() - before));
+        m_pointsPerContainer.push_back(static_cast<std::int64_t>(m_track.m_points.size() - before));
     }
     if (m_track.m_points.empty()) {
         throw GPXError("Die GPX-Datei enthält keine Track- oder Routenpunkte. Einzelne "
@@ -128,9 +128,8 @@ void GPXTrackReader::nameSegments() {
         const auto base = nameElement ? nameElement->text() : std::string("Track");
         const auto segments = track->children("trkseg", m_track.m_namespace);
         for (std::size_t position = 1; position <= segments.size(); ++position) {
-            names.push_back(segments.size() > 1
-                                ? base + " · Abschnitt " + std::to_string(position)
-                                : base);
+            names.push_back(segments.size() > 1 ? base + " · Abschnitt " + std::to_string(position)
+                                                : base);
         }
     }
     for (auto route = first(m_root, "rte"); route; route = next(*route)) {
@@ -163,9 +162,9 @@ void GPXTrackReader::detectAirRoutes(
             count += m_pointsPerContainer[container++];
         }
         if (count >= 3) {
-            detailedTracks.push_back({m_track.m_points[static_cast<std::size_t>(firstPoint)],
-                                      m_track.m_points[static_cast<std::size_t>(firstPoint +
-                                                                                count - 1)]});
+            detailedTracks.push_back(
+                {m_track.m_points[static_cast<std::size_t>(firstPoint)],
+                 m_track.m_points[static_cast<std::size_t>(firstPoint + count - 1)]});
         }
         firstPoint += count;
     }
