@@ -8,7 +8,7 @@ namespace trackloom {
 /// Thrown by long-running core functions when their stop token was triggered.
 /// It is not a refusal: callers drop the work silently instead of showing it.
 class CancellationError : public std::exception {
-public:
+  public:
     const char* what() const noexcept override { return "cancelled"; }
 };
 

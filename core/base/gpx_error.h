@@ -10,7 +10,7 @@ namespace trackloom {
 /// The one error type of the core library: a refusal whose message is a
 /// localised German sentence, shown to the user as it stands.
 class GPXError : public std::exception {
-public:
+  public:
     /// Looks `germanText` up as a localisation key and keeps the result.
     explicit GPXError(std::string_view germanText);
 
@@ -25,7 +25,7 @@ public:
     const std::string& message() const { return m_message; }
     const char* what() const noexcept override { return m_message.c_str(); }
 
-private:
+  private:
     struct AlreadyLocalized {};
     GPXError(AlreadyLocalized, std::string message) : m_message(std::move(message)) {}
 

@@ -8,7 +8,7 @@ namespace trackloom {
 /// An absolute point in time: seconds since 2001-01-01T00:00:00Z as a double,
 /// the representation the working copy stores verbatim.
 class Instant {
-public:
+  public:
     /// Seconds from 1970-01-01 to 2001-01-01.
     static constexpr double referenceToUnix = 978307200.0;
 
@@ -30,7 +30,7 @@ public:
     friend constexpr bool operator==(Instant, Instant) = default;
     friend constexpr auto operator<=>(Instant a, Instant b) { return a.m_seconds <=> b.m_seconds; }
 
-private:
+  private:
     double m_seconds = 0;
 };
 

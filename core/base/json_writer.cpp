@@ -31,10 +31,18 @@ JsonWriter& JsonWriter::close(char bracket) {
     return *this;
 }
 
-JsonWriter& JsonWriter::beginObject() { return open('{'); }
-JsonWriter& JsonWriter::endObject() { return close('}'); }
-JsonWriter& JsonWriter::beginArray() { return open('['); }
-JsonWriter& JsonWriter::endArray() { return close(']'); }
+JsonWriter& JsonWriter::beginObject() {
+    return open('{');
+}
+JsonWriter& JsonWriter::endObject() {
+    return close('}');
+}
+JsonWriter& JsonWriter::beginArray() {
+    return open('[');
+}
+JsonWriter& JsonWriter::endArray() {
+    return close(']');
+}
 
 JsonWriter& JsonWriter::key(std::string_view name) {
     beforeValue();
@@ -88,13 +96,27 @@ void JsonWriter::appendEscaped(std::string& out, std::string_view text) {
     out += '"';
     for (const char c : text) {
         switch (c) {
-        case '"': out += "\\\""; break;
-        case '\\': out += "\\\\"; break;
-        case '\n': out += "\\n"; break;
-        case '\r': out += "\\r"; break;
-        case '\t': out += "\\t"; break;
-        case '\b': out += "\\b"; break;
-        case '\f': out += "\\f"; break;
+        case '"':
+            out += "\\\"";
+            break;
+        case '\\':
+            out += "\\\\";
+            break;
+        case '\n':
+            out += "\\n";
+            break;
+        case '\r':
+            out += "\\r";
+            break;
+        case '\t':
+            out += "\\t";
+            break;
+        case '\b':
+            out += "\\b";
+            break;
+        case '\f':
+            out += "\\f";
+            break;
         default:
             if (static_cast<unsigned char>(c) < 0x20) {
                 out += "\\u00";

@@ -12,7 +12,7 @@ namespace trackloom {
 /// escaped, doubles are written in their shortest round-trip form (non-finite
 /// ones as null). Nothing is built but the output text.
 class JsonWriter {
-public:
+  public:
     JsonWriter& beginObject();
     JsonWriter& endObject();
     JsonWriter& beginArray();
@@ -39,7 +39,7 @@ public:
     static std::string formatNumber(double number);
     static void appendEscaped(std::string& out, std::string_view text);
 
-private:
+  private:
     void beforeValue();
     JsonWriter& open(char bracket);
     JsonWriter& close(char bracket);

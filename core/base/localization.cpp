@@ -10,7 +10,9 @@ MessageLookup& installedLookup() {
 
 } // namespace
 
-void setMessageLookup(MessageLookup lookup) { installedLookup() = std::move(lookup); }
+void setMessageLookup(MessageLookup lookup) {
+    installedLookup() = std::move(lookup);
+}
 
 std::string localized(std::string_view germanText) {
     const auto& lookup = installedLookup();

@@ -2,17 +2,19 @@
 
 #include "core/base/localization.h"
 
-#include <date/tz.h>
-
 #include <cmath>
+#include <date/tz.h>
 
 namespace trackloom {
 
 std::string_view rawValue(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path: return "path";
-    case TimelinePointKind::visit: return "visit";
-    case TimelinePointKind::activity: return "activity";
+    case TimelinePointKind::path:
+        return "path";
+    case TimelinePointKind::visit:
+        return "visit";
+    case TimelinePointKind::activity:
+        return "activity";
     }
     return "path";
 }
@@ -28,9 +30,12 @@ std::optional<TimelinePointKind> timelinePointKind(std::string_view raw) {
 
 std::string title(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path: return localized("Streckenpunkt");
-    case TimelinePointKind::visit: return localized("Aufenthalt");
-    case TimelinePointKind::activity: return localized("Grobe Fahrt");
+    case TimelinePointKind::path:
+        return localized("Streckenpunkt");
+    case TimelinePointKind::visit:
+        return localized("Aufenthalt");
+    case TimelinePointKind::activity:
+        return localized("Grobe Fahrt");
     }
     return {};
 }
@@ -45,8 +50,8 @@ constexpr double firstInvalidUnixSecond = 253402300800.0;
 constexpr double oneDay = 86400.0;
 
 int localYear(double unixSeconds) {
-    const auto seconds = date::sys_seconds(std::chrono::seconds(
-        static_cast<long long>(std::floor(unixSeconds))));
+    const auto seconds =
+        date::sys_seconds(std::chrono::seconds(static_cast<long long>(std::floor(unixSeconds))));
     static const date::time_zone* zone = [] {
         try {
             return date::current_zone();

@@ -13,7 +13,7 @@ namespace trackloom {
 
 /// Fills a GPXTrack's derived fields from its document; see `GPXTrack::read`.
 class GPXTrackReader {
-public:
+  public:
     GPXTrackReader(GPXTrack& track, xml::Element root) : m_track(track), m_root(root) {}
 
     void readPoints();
@@ -22,7 +22,7 @@ public:
     void nameTrack(std::string_view filename);
     void countAuxiliaryInvalidTimes();
 
-private:
+  private:
     struct Container {
         xml::Element element;
         bool isRoute;
@@ -112,8 +112,7 @@ void GPXTrackReader::readPoints() {
         for (auto point = first(container.element, pointName); point; point = next(*point)) {
             readPoint(*point, static_cast<std::int64_t>(index));
         }
-        m_pointsPerContainer.push_back(
-            static_cast<std::int64_t>(m_track.m_points.size() - before));
+        m_pointsPerContainer.push_back(static_cast<std::int64_t>(m_track.m_points.size() - before));
     }
     if (m_track.m_points.empty()) {
         throw GPXError("Die GPX-Datei enthält keine Track- oder Routenpunkte. Einzelne "
@@ -128,9 +127,8 @@ void GPXTrackReader::nameSegments() {
         const auto base = nameElement ? nameElement->text() : std::string("Track");
         const auto segments = track->children("trkseg", m_track.m_namespace);
         for (std::size_t position = 1; position <= segments.size(); ++position) {
-            names.push_back(segments.size() > 1
-                                ? base + " · Abschnitt " + std::to_string(position)
-                                : base);
+            names.push_back(segments.size() > 1 ? base + " · Abschnitt " + std::to_string(position)
+                                                : base);
         }
     }
     for (auto route = first(m_root, "rte"); route; route = next(*route)) {
@@ -163,9 +161,9 @@ void GPXTrackReader::detectAirRoutes(
             count += m_pointsPerContainer[container++];
         }
         if (count >= 3) {
-            detailedTracks.push_back({m_track.m_points[static_cast<std::size_t>(firstPoint)],
-                                      m_track.m_points[static_cast<std::size_t>(firstPoint +
-                                                                                count - 1)]});
+            detailedTracks.push_back(
+                {m_track.m_points[static_cast<std::size_t>(firstPoint)],
+                 m_track.m_points[static_cast<std::size_t>(firstPoint + count - 1)]});
         }
         firstPoint += count;
     }

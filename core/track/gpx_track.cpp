@@ -22,7 +22,9 @@ std::optional<Instant> GPXTrack::end() const {
     return found == m_points.rend() ? std::nullopt : found->time;
 }
 
-std::string GPXTrack::data() const { return m_xml.serialize(); }
+std::string GPXTrack::data() const {
+    return m_xml.serialize();
+}
 
 GPXTrack::EditableCopy GPXTrack::editableCopy() const {
     auto document = m_xml.copy();
@@ -56,8 +58,12 @@ std::vector<xml::Element> GPXTrack::children(xml::Element element, std::string_v
     return element.children(name, namespaceURI);
 }
 
-std::optional<Instant> GPXTrack::parseTime(std::string_view text) { return parseTrackTime(text); }
+std::optional<Instant> GPXTrack::parseTime(std::string_view text) {
+    return parseTrackTime(text);
+}
 
-std::string GPXTrack::formatTime(Instant instant) { return formatTrackTime(instant); }
+std::string GPXTrack::formatTime(Instant instant) {
+    return formatTrackTime(instant);
+}
 
 } // namespace trackloom

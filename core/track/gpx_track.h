@@ -27,7 +27,7 @@ inline constexpr std::size_t maximumGPXFileSize = 52428800;
 class GPXTrack : public std::enable_shared_from_this<GPXTrack> {
     struct Passkey {};
 
-public:
+  public:
     /// Reads and validates GPX bytes; throws `GPXError` naming the first problem.
     /// `filename` only serves the fallback name. `knownAirRouteIDs` (route indices)
     /// replaces the geometric air-route test when a rewritten document is read back.
@@ -75,7 +75,7 @@ public:
     static std::optional<Instant> parseTime(std::string_view text);
     static std::string formatTime(Instant instant);
 
-private:
+  private:
     friend class GPXTrackReader;
 
     std::string m_name;

@@ -4,7 +4,6 @@
 #include "core/base/localization.h"
 
 #include <algorithm>
-#include <unordered_set>
 
 namespace trackloom {
 namespace {
@@ -30,10 +29,13 @@ std::optional<std::string> problemOf(const TrackPoint& from, const TrackPoint& t
 
 TrackAnalysis TrackAnalysis::analyze(const std::vector<TrackPoint>& points) {
     TrackAnalysis analysis;
-    std::unordered_set<std::int64_t> segments;
+    analysis.legs.reserve(points.size());
+    std::vector<std::int64_t> segments;
     for (std::size_t i = 0; i < points.size(); ++i) {
         const auto& point = points[i];
-        segments.insert(point.segment);
+        if (segments.empty() || segments.back() != point.segment) {
+            segments.push_back(point.segment);
+        }
         if (point.invalidTime) {
             ++analysis.invalidTimes;
         } else if (!point.time) {
@@ -63,7 +65,10 @@ TrackAnalysis TrackAnalysis::analyze(const std::vector<TrackPoint>& points) {
         }
         analysis.legs.push_back(std::move(leg));
     }
-    analysis.segmentCount = static_cast<std::int64_t>(segments.size());
+    // Points of one segment are contiguous in reading order, so only the runs
+    // need sorting out to count distinct segments.
+    std::sort(segments.begin(), segments.end());
+    analysis.segmentCount = std::unique(segments.begin(), segments.end()) - segments.begin();
     return analysis;
 }
 

@@ -1,15 +1,16 @@
 #include "core/track/track_time.h"
 
-#include <date/date.h>
-
 #include <charconv>
 #include <cmath>
 #include <cstdio>
+#include <date/date.h>
 
 namespace trackloom {
 namespace {
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 /// Length of a Unicode white space or line break at the start of `text`, 0 if none.
 std::size_t blankLengthAtStart(std::string_view text) {
@@ -130,15 +131,17 @@ std::optional<Instant> parseTrackTime(std::string_view input) {
         return std::nullopt;
     }
     const auto days = date::sys_days(day).time_since_epoch().count();
-    const double whole = static_cast<double>(days) * 86400.0 + hour * 3600 + minute * 60 +
-                         second - offsetSeconds - Instant::referenceToUnix;
+    const double wholeUnix =
+        static_cast<double>(days) * 86400.0 + hour * 3600 + minute * 60 + second - offsetSeconds;
     double fractionValue = 0;
     if (!fraction.empty()) {
         std::string decimal = "0.";
         decimal.append(fraction.substr(0, 40));
         std::from_chars(decimal.data(), decimal.data() + decimal.size(), fractionValue);
     }
-    return Instant(whole + fractionValue);
+    // Rounded once in the 1970-based value, so that writing the instant again
+    // (which works from that value) sees the nearest double to the text.
+    return Instant::fromUnixSeconds(wholeUnix + fractionValue);
 }
 
 std::string formatTrackTime(Instant instant) {
@@ -150,7 +153,8 @@ std::string formatTrackTime(Instant instant) {
         micro = 0;
     }
     const auto wholeSeconds = static_cast<long long>(whole);
-    const auto days = date::floor<date::days>(date::sys_seconds(std::chrono::seconds(wholeSeconds)));
+    const auto days =
+        date::floor<date::days>(date::sys_seconds(std::chrono::seconds(wholeSeconds)));
     const date::year_month_day day(days);
     const auto timeOfDay = wholeSeconds - days.time_since_epoch().count() * 86400LL;
     char buffer[64];

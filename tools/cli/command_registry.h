@@ -5,7 +5,6 @@
 // turns refusals into the tool's exit statuses.
 
 #include <CLI/CLI.hpp>
-
 #include <functional>
 #include <string>
 
@@ -15,14 +14,14 @@ namespace trackloom::cli {
 enum ExitStatus { success = 0, usageError = 1, refused = 2 };
 
 class CommandRegistry {
-public:
+  public:
     /// Sets the work of the chosen subcommand; it returns what to print on stdout.
     void choose(std::function<std::string()> work) { m_work = std::move(work); }
     /// Runs the chosen work: its output and newline on stdout, or a refusal's
     /// message on stderr with status 2.
     int run() const;
 
-private:
+  private:
     std::function<std::string()> m_work;
 };
 

@@ -21,7 +21,8 @@ void addInfo(CLI::App& gpx, CommandRegistry& registry) {
         bool removeAirRoutes = false;
     };
     auto arguments = std::make_shared<Arguments>();
-    auto* info = gpx.add_subcommand("info", "Zeigt Punkte, Abschnitte und Analyse eines GPX-Tracks");
+    auto* info =
+        gpx.add_subcommand("info", "Zeigt Punkte, Abschnitte und Analyse eines GPX-Tracks");
     info->add_option("FILE", arguments->file, "GPX-Datei")->required();
     info->add_flag("--legs", arguments->options.legs, "alle Intervalle ausgeben");
     info->add_flag("--points", arguments->options.points, "alle Punkte ausgeben");

@@ -27,27 +27,42 @@ void writeAirRoutes(JsonWriter& json, const GPXTrack& track) {
     json.key("airRoutes").beginArray();
     for (const auto& route : track.airRoutes()) {
         json.beginObject()
-            .key("id").value(route.id)
-            .key("name").value(route.name)
-            .key("distance").value(route.distance)
+            .key("id")
+            .value(route.id)
+            .key("name")
+            .value(route.name)
+            .key("distance")
+            .value(route.distance)
             .endObject();
     }
     json.endArray();
 }
 
 void writeAnalysis(JsonWriter& json, const TrackAnalysis& analysis) {
-    json.key("analysis").beginObject()
-        .key("distance").value(analysis.distance)
-        .key("timedDistance").value(analysis.timedDistance)
-        .key("timedSeconds").value(analysis.timedSeconds)
-        .key("missingTimes").value(analysis.missingTimes)
-        .key("invalidTimes").value(analysis.invalidTimes)
-        .key("segmentCount").value(analysis.segmentCount)
-        .key("validIntervals").value(analysis.validIntervals())
-        .key("invalidIntervals").value(analysis.invalidIntervals())
-        .key("averageSpeed").value(analysis.averageSpeed())
-        .key("maxSpeed").value(analysis.maxSpeed())
-        .key("speedScaleTop").value(SpeedScale::of(analysis).top)
+    json.key("analysis")
+        .beginObject()
+        .key("distance")
+        .value(analysis.distance)
+        .key("timedDistance")
+        .value(analysis.timedDistance)
+        .key("timedSeconds")
+        .value(analysis.timedSeconds)
+        .key("missingTimes")
+        .value(analysis.missingTimes)
+        .key("invalidTimes")
+        .value(analysis.invalidTimes)
+        .key("segmentCount")
+        .value(analysis.segmentCount)
+        .key("validIntervals")
+        .value(analysis.validIntervals())
+        .key("invalidIntervals")
+        .value(analysis.invalidIntervals())
+        .key("averageSpeed")
+        .value(analysis.averageSpeed())
+        .key("maxSpeed")
+        .value(analysis.maxSpeed())
+        .key("speedScaleTop")
+        .value(SpeedScale::of(analysis).top)
         .endObject();
 }
 
@@ -55,15 +70,24 @@ void writeLegs(JsonWriter& json, const TrackAnalysis& analysis) {
     json.key("legs").beginArray();
     for (const auto& leg : analysis.legs) {
         json.beginObject()
-            .key("id").value(leg.id)
-            .key("segment").value(leg.segment)
-            .key("from").value(leg.from)
-            .key("to").value(leg.to)
-            .key("distance").value(leg.distance)
-            .key("cumulativeDistance").value(leg.cumulativeDistance)
-            .key("seconds").value(leg.seconds)
-            .key("speed").value(leg.speed)
-            .key("problem").value(leg.problem)
+            .key("id")
+            .value(leg.id)
+            .key("segment")
+            .value(leg.segment)
+            .key("from")
+            .value(leg.from)
+            .key("to")
+            .value(leg.to)
+            .key("distance")
+            .value(leg.distance)
+            .key("cumulativeDistance")
+            .value(leg.cumulativeDistance)
+            .key("seconds")
+            .value(leg.seconds)
+            .key("speed")
+            .value(leg.speed)
+            .key("problem")
+            .value(leg.problem)
             .endObject();
     }
     json.endArray();
@@ -73,10 +97,14 @@ void writePoints(JsonWriter& json, const GPXTrack& track) {
     json.key("pointList").beginArray();
     for (const auto& point : track.points()) {
         json.beginObject()
-            .key("id").value(point.id)
-            .key("segment").value(point.segment)
-            .key("latitude").value(point.latitude)
-            .key("longitude").value(point.longitude);
+            .key("id")
+            .value(point.id)
+            .key("segment")
+            .value(point.segment)
+            .key("latitude")
+            .value(point.latitude)
+            .key("longitude")
+            .value(point.longitude);
         json.key("time");
         writeTime(json, point.time);
         json.key("invalidTime").value(point.invalidTime).endObject();
@@ -95,9 +123,7 @@ void writeTime(JsonWriter& json, const std::optional<Instant>& time) {
 }
 
 void writeTrack(JsonWriter& json, const GPXTrack& track, TrackJsonOptions options) {
-    json.beginObject()
-        .key("name").value(track.name())
-        .key("namespace").value(track.namespaceURI());
+    json.beginObject().key("name").value(track.name()).key("namespace").value(track.namespaceURI());
     json.key("start");
     writeTime(json, track.start());
     json.key("end");

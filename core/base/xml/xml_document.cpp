@@ -4,14 +4,18 @@
 
 namespace trackloom::xml {
 
-void Document::Free::operator()(_xmlDoc* doc) const { xmlFreeDoc(doc); }
+void Document::Free::operator()(_xmlDoc* doc) const {
+    xmlFreeDoc(doc);
+}
 
 Document::Document(_xmlDoc* doc) : m_doc(doc) {}
 Document::Document(Document&&) noexcept = default;
 Document& Document::operator=(Document&&) noexcept = default;
 Document::~Document() = default;
 
-Document Document::copy() const { return Document(xmlCopyDoc(m_doc.get(), 1)); }
+Document Document::copy() const {
+    return Document(xmlCopyDoc(m_doc.get(), 1));
+}
 
 std::optional<Element> Document::root() const {
     xmlNodePtr root = m_doc ? xmlDocGetRootElement(m_doc.get()) : nullptr;

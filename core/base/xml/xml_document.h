@@ -18,7 +18,7 @@ namespace trackloom::xml {
 
 /// Why bytes could not be parsed into a document.
 class ParseError : public std::runtime_error {
-public:
+  public:
     enum class Kind {
         /// Not well-formed; `what()` is the parser's own first error, trimmed.
         syntax,
@@ -30,7 +30,7 @@ public:
         : std::runtime_error(description), m_kind(kind) {}
     Kind kind() const { return m_kind; }
 
-private:
+  private:
     Kind m_kind;
 };
 
@@ -39,7 +39,7 @@ class Document;
 /// A handle to an element node of a `Document`; valid while that node is in
 /// the document and the document lives.
 class Element {
-public:
+  public:
     explicit Element(_xmlNode* node) : m_node(node) {}
 
     std::string_view localName() const;
@@ -60,8 +60,7 @@ public:
     std::optional<Element> nextSibling(std::string_view localName,
                                        std::string_view namespaceURI) const;
     /// All direct child elements with this local name and namespace URI.
-    std::vector<Element> children(std::string_view localName,
-                                  std::string_view namespaceURI) const;
+    std::vector<Element> children(std::string_view localName, std::string_view namespaceURI) const;
     /// All direct child elements, in document order.
     std::vector<Element> childElements() const;
     std::optional<Element> parent() const;
@@ -87,13 +86,13 @@ public:
     _xmlNode* node() const { return m_node; }
     friend bool operator==(Element a, Element b) { return a.m_node == b.m_node; }
 
-private:
+  private:
     _xmlNode* m_node;
 };
 
 /// An owned XML document.
 class Document {
-public:
+  public:
     /// Parses with every detail kept (blanks, CDATA, comments, processing
     /// instructions, entity references unsubstituted), never touching the network
     /// or any file. Throws `ParseError`.
@@ -117,7 +116,7 @@ public:
     Element createElement(std::string_view localName, std::string_view namespaceURI,
                           std::string_view prefix, Element scope);
 
-private:
+  private:
     struct Free {
         void operator()(_xmlDoc* doc) const;
     };

@@ -32,7 +32,9 @@ std::optional<Element> firstMatchFrom(xmlNode* node, std::string_view localName,
 
 } // namespace
 
-std::string_view Element::localName() const { return view(m_node->name); }
+std::string_view Element::localName() const {
+    return view(m_node->name);
+}
 
 std::string_view Element::namespaceURI() const {
     return view(m_node->ns ? m_node->ns->href : nullptr);
@@ -135,13 +137,21 @@ void Element::remove() {
     m_node = nullptr;
 }
 
-void Element::detach() { xmlUnlinkNode(m_node); }
+void Element::detach() {
+    xmlUnlinkNode(m_node);
+}
 
-void Element::appendChild(Element child) { xmlAddChild(m_node, child.m_node); }
+void Element::appendChild(Element child) {
+    xmlAddChild(m_node, child.m_node);
+}
 
-void Element::insertBefore(Element sibling) { xmlAddPrevSibling(m_node, sibling.m_node); }
+void Element::insertBefore(Element sibling) {
+    xmlAddPrevSibling(m_node, sibling.m_node);
+}
 
-void Element::insertAfter(Element sibling) { xmlAddNextSibling(m_node, sibling.m_node); }
+void Element::insertAfter(Element sibling) {
+    xmlAddNextSibling(m_node, sibling.m_node);
+}
 
 Element Element::copyInto(Document& document) const {
     auto root = document.root();

@@ -7,7 +7,6 @@
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
-
 #include <mutex>
 
 namespace trackloom::xml {
@@ -17,10 +16,16 @@ xmlParserInputPtr refuseExternalEntity(const char*, const char*, xmlParserCtxtPt
     return nullptr;
 }
 
-void installEntityLoaderOnce() {
+void ignoreGenericError(void*, const char*, ...) {}
+
+void prepareParser() {
+    // Encoding problems are reported outside the parser context; they must not
+    // reach the terminal, the parser's own error decides the message.
+    xmlSetGenericErrorFunc(nullptr, ignoreGenericError);
     static std::once_flag once;
     std::call_once(once, [] {
         xmlInitParser();
+        xmlThrDefSetGenericErrorFunc(nullptr, ignoreGenericError);
         xmlSetExternalEntityLoader(refuseExternalEntity);
     });
 }
@@ -68,10 +73,12 @@ std::string trimmed(std::string_view text) {
     return std::string(text);
 }
 
-int parseOptions() { return XML_PARSE_NONET | XML_PARSE_HUGE; }
+int parseOptions() {
+    return XML_PARSE_NONET | XML_PARSE_HUGE;
+}
 
 Document Document::parse(std::string_view bytes) {
-    installEntityLoaderOnce();
+    prepareParser();
     std::unique_ptr<xmlParserCtxt, FreeContext> context(xmlNewParserCtxt());
     if (!context) {
         throw ParseError(ParseError::Kind::syntax, "out of memory");
@@ -82,8 +89,8 @@ Document Document::parse(std::string_view bytes) {
     context->sax->internalSubset = stopAtDocumentType;
 
     const char* data = bytes.empty() ? "" : bytes.data();
-    xmlDocPtr doc = xmlCtxtReadMemory(context.get(), data, static_cast<int>(bytes.size()),
-                                      nullptr, nullptr, parseOptions());
+    xmlDocPtr doc = xmlCtxtReadMemory(context.get(), data, static_cast<int>(bytes.size()), nullptr,
+                                      nullptr, parseOptions());
     Document document(doc);
     if (state.documentType) {
         throw ParseError(ParseError::Kind::documentType, "document type declaration");

@@ -1,13 +1,12 @@
 #include "cli_runner.h"
 
-#include <fcntl.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstdlib>
+#include <fcntl.h>
 #include <filesystem>
 #include <stdexcept>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace trackloom::testing {
 namespace {
