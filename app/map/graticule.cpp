@@ -6,8 +6,8 @@
 namespace trackloom {
 
 double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
-    static constexpr std::array steps{30.0, 10.0, 5.0, 2.0, 1.0, 0.5, 0.2, 0.1, 0.05,
-                                      0.02, 0.01, 0.005, 0.002, 0.001};
+    static constexpr std::array steps{30.0, 10.0, 5.0,  2.0,  1.0,   0.5,   0.2,
+                                      0.1,  0.05, 0.02, 0.01, 0.005, 0.002, 0.001};
     const double pixelsPerDegree = viewport.worldSize() / 360.0;
     double chosen = steps.front();
     for (double step : steps) {
@@ -29,7 +29,8 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
         viewport.toCoordinate({viewport.size().width(), viewport.size().height()});
     painter.save();
     painter.setPen(QPen(QColor(190, 196, 204), 1));
-    const double firstLongitude = std::max(-180.0, std::floor(topLeft.longitude / spacing) * spacing);
+    const double firstLongitude =
+        std::max(-180.0, std::floor(topLeft.longitude / spacing) * spacing);
     for (double longitude = firstLongitude; longitude <= std::min(180.0, bottomRight.longitude);
          longitude += spacing) {
         const double x = viewport.toScreen(Coordinate{0, longitude}).x();

@@ -1,7 +1,6 @@
 #include "app/map/heat_overlay.h"
 
 #include <QRadialGradient>
-
 #include <algorithm>
 #include <cmath>
 
@@ -11,8 +10,8 @@ QColor heatColor(std::int64_t count, std::int64_t maxCount) {
     const double t = maxCount > 0 ? std::log1p(static_cast<double>(count)) /
                                         std::log1p(static_cast<double>(maxCount))
                                   : 1.0;
-    return QColor::fromHsvF(static_cast<float>((1 - std::clamp(t, 0.0, 1.0)) * 0.66), 0.95f,
-                            0.95f, 0.78f);
+    return QColor::fromHsvF(static_cast<float>((1 - std::clamp(t, 0.0, 1.0)) * 0.66), 0.95f, 0.95f,
+                            0.78f);
 }
 
 void HeatOverlay::paint(QPainter& painter, const MapViewport& viewport) const {

@@ -7,7 +7,6 @@
 #include "app/map/map_overlay.h"
 
 #include <QColor>
-
 #include <cstdint>
 #include <vector>
 
@@ -18,11 +17,10 @@ namespace trackloom {
 QColor heatColor(std::int64_t count, std::int64_t maxCount);
 
 class HeatOverlay : public MapOverlay {
-public:
+  public:
     /// Takes any cells with unit-square centroids `x`, `y` and a `count`, and
     /// their size in unit-square units.
-    template <typename Cells>
-    void setCells(const Cells& cells, double cellSize) {
+    template <typename Cells> void setCells(const Cells& cells, double cellSize) {
         m_cells.clear();
         for (const auto& cell : cells) {
             m_cells.push_back({cell.x, cell.y, static_cast<std::int64_t>(cell.count)});
@@ -34,7 +32,7 @@ public:
 
     void paint(QPainter& painter, const MapViewport& viewport) const override;
 
-private:
+  private:
     struct Cell {
         double x = 0;
         double y = 0;

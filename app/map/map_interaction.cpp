@@ -2,7 +2,9 @@
 
 namespace trackloom {
 
-bool MapInteraction::pressed(MapInteractionHost&, QPointF) { return false; }
+bool MapInteraction::pressed(MapInteractionHost&, QPointF) {
+    return false;
+}
 void MapInteraction::dragged(MapInteractionHost&, QPointF) {}
 void MapInteraction::released(MapInteractionHost&, QPointF) {}
 void MapInteraction::clicked(MapInteractionHost&, QPointF) {}
@@ -21,8 +23,8 @@ std::optional<MapHit> SelectInteraction::hitAt(const MapViewport& viewport,
 }
 
 RubberBandInteraction::RubberBandInteraction(std::shared_ptr<const MapOverlay> target,
-                                             std::shared_ptr<RubberBandOverlay> band,
-                                             Picked picked, Spanned spanned)
+                                             std::shared_ptr<RubberBandOverlay> band, Picked picked,
+                                             Spanned spanned)
     : SelectInteraction(std::move(target), std::move(picked)), m_band(std::move(band)),
       m_spanned(std::move(spanned)) {}
 
@@ -42,8 +44,8 @@ void RubberBandInteraction::released(MapInteractionHost& host, QPointF position)
     m_spanned(MapRect::spanning(m_anchor, host.currentViewport().toMap(position)));
 }
 
-DragPointInteraction::DragPointInteraction(std::shared_ptr<const MapOverlay> target,
-                                           Picked picked, Moved moving, Moved dropped)
+DragPointInteraction::DragPointInteraction(std::shared_ptr<const MapOverlay> target, Picked picked,
+                                           Moved moving, Moved dropped)
     : SelectInteraction(std::move(target), std::move(picked)), m_moving(std::move(moving)),
       m_dropped(std::move(dropped)) {}
 

@@ -16,7 +16,7 @@ namespace trackloom {
 
 /// What a mode may use of the map it runs on.
 class MapInteractionHost {
-public:
+  public:
     virtual ~MapInteractionHost() = default;
     virtual const MapViewport& currentViewport() const = 0;
     /// Repaints the overlays after a mode changed one of them.
@@ -24,7 +24,7 @@ public:
 };
 
 class MapInteraction {
-public:
+  public:
     /// Pointer distance in pixels within which an item counts as hit.
     static constexpr double hitTolerance = 6;
 
@@ -41,34 +41,33 @@ public:
 
 /// A click picks the item of `target` under the pointer (none on empty map).
 class SelectInteraction : public MapInteraction {
-public:
+  public:
     using Picked = std::function<void(std::optional<MapHit> hit, Coordinate where)>;
     SelectInteraction(std::shared_ptr<const MapOverlay> target, Picked picked);
 
     void clicked(MapInteractionHost& host, QPointF position) override;
 
-protected:
+  protected:
     std::optional<MapHit> hitAt(const MapViewport& viewport, QPointF position) const;
 
-private:
+  private:
     std::shared_ptr<const MapOverlay> m_target;
     Picked m_picked;
 };
 
 /// Dragging opens a rectangle and hands over the region it covers; clicks select.
 class RubberBandInteraction : public SelectInteraction {
-public:
+  public:
     using Spanned = std::function<void(MapRect region)>;
     RubberBandInteraction(std::shared_ptr<const MapOverlay> target,
-                          std::shared_ptr<RubberBandOverlay> band, Picked picked,
-                          Spanned spanned);
+                          std::shared_ptr<RubberBandOverlay> band, Picked picked, Spanned spanned);
 
     Qt::CursorShape cursor() const override { return Qt::CrossCursor; }
     bool pressed(MapInteractionHost& host, QPointF position) override;
     void dragged(MapInteractionHost& host, QPointF position) override;
     void released(MapInteractionHost& host, QPointF position) override;
 
-private:
+  private:
     std::shared_ptr<RubberBandOverlay> m_band;
     Spanned m_spanned;
     MapPoint m_anchor;
@@ -77,7 +76,7 @@ private:
 /// Pressing on a point of `target` drags it: `moving` follows the pointer,
 /// `dropped` reports where it was let go. Drags beside the points pan.
 class DragPointInteraction : public SelectInteraction {
-public:
+  public:
     using Moved = std::function<void(std::int64_t index, Coordinate where)>;
     DragPointInteraction(std::shared_ptr<const MapOverlay> target, Picked picked, Moved moving,
                          Moved dropped);
@@ -86,7 +85,7 @@ public:
     void dragged(MapInteractionHost& host, QPointF position) override;
     void released(MapInteractionHost& host, QPointF position) override;
 
-private:
+  private:
     Moved m_moving;
     Moved m_dropped;
     std::optional<std::int64_t> m_dragged;
@@ -95,28 +94,28 @@ private:
 /// A click places a new point; when it lands on a leg of `line`, the leg is
 /// reported too, so the point can go between its ends.
 class InsertPointInteraction : public MapInteraction {
-public:
+  public:
     using Placed = std::function<void(Coordinate where, std::optional<MapHit> leg)>;
     InsertPointInteraction(std::shared_ptr<const MapOverlay> line, Placed placed);
 
     Qt::CursorShape cursor() const override { return Qt::CrossCursor; }
     void clicked(MapInteractionHost& host, QPointF position) override;
 
-private:
+  private:
     std::shared_ptr<const MapOverlay> m_line;
     Placed m_placed;
 };
 
 /// A click chooses a place on the map.
 class PickPlaceInteraction : public MapInteraction {
-public:
+  public:
     using Picked = std::function<void(Coordinate where)>;
     explicit PickPlaceInteraction(Picked picked);
 
     Qt::CursorShape cursor() const override { return Qt::CrossCursor; }
     void clicked(MapInteractionHost& host, QPointF position) override;
 
-private:
+  private:
     Picked m_picked;
 };
 

@@ -8,7 +8,6 @@
 #include "app/map/map_viewport.h"
 
 #include <QPainter>
-
 #include <cstdint>
 #include <optional>
 
@@ -26,7 +25,7 @@ struct MapHit {
 };
 
 class MapOverlay {
-public:
+  public:
     virtual ~MapOverlay() = default;
 
     virtual void paint(QPainter& painter, const MapViewport& viewport) const = 0;

@@ -11,7 +11,9 @@ MapViewport::MapViewport(MapPoint centre, double zoom, QSizeF size)
     *this = clamped();
 }
 
-double MapViewport::worldSize() const { return tileSize * std::exp2(m_zoom); }
+double MapViewport::worldSize() const {
+    return tileSize * std::exp2(m_zoom);
+}
 
 QPointF MapViewport::toScreen(MapPoint point) const {
     const double scale = worldSize();
@@ -29,7 +31,9 @@ MapPoint MapViewport::toMap(QPointF screen) const {
             m_centre.y + (screen.y() - m_size.height() / 2) / scale};
 }
 
-Coordinate MapViewport::toCoordinate(QPointF screen) const { return unproject(toMap(screen)); }
+Coordinate MapViewport::toCoordinate(QPointF screen) const {
+    return unproject(toMap(screen));
+}
 
 MapRect MapViewport::visibleRegion() const {
     return MapRect::spanning(toMap({0, 0}), toMap({m_size.width(), m_size.height()}));
@@ -78,8 +82,8 @@ MapViewport MapViewport::fitting(const std::vector<Coordinate>& coordinates, dou
                                   ? std::log2(usableHeight / (bounds.height() * tileSize))
                                   : std::numeric_limits<double>::infinity();
     MapViewport result = *this;
-    result.m_zoom = std::clamp(std::min({widthZoom, heightZoom, closestZoom}), minimumZoom,
-                               maximumZoom);
+    result.m_zoom =
+        std::clamp(std::min({widthZoom, heightZoom, closestZoom}), minimumZoom, maximumZoom);
     result.m_centre = {(bounds.minX + bounds.maxX) / 2, (bounds.minY + bounds.maxY) / 2};
     return result.clamped();
 }

@@ -10,7 +10,6 @@
 #include <QPointF>
 #include <QRectF>
 #include <QSizeF>
-
 #include <compare>
 #include <vector>
 
@@ -26,7 +25,7 @@ struct TileKey {
 };
 
 class MapViewport {
-public:
+  public:
     static constexpr double tileSize = 256;
     static constexpr double minimumZoom = 0;
     static constexpr double maximumZoom = 19;
@@ -70,7 +69,7 @@ public:
 
     friend bool operator==(const MapViewport&, const MapViewport&) = default;
 
-private:
+  private:
     MapViewport clamped() const;
 
     MapPoint m_centre{0.5, 0.5};

@@ -10,7 +10,6 @@
 #include <QPainter>
 #include <QPinchGesture>
 #include <QWheelEvent>
-
 #include <algorithm>
 #include <cmath>
 
@@ -70,7 +69,9 @@ void MapWidget::removeOverlay(const MapOverlay* overlay) {
     update();
 }
 
-void MapWidget::refreshOverlays() { update(); }
+void MapWidget::refreshOverlays() {
+    update();
+}
 
 void MapWidget::setInteraction(std::unique_ptr<MapInteraction> interaction) {
     m_interaction = std::move(interaction);
@@ -78,7 +79,9 @@ void MapWidget::setInteraction(std::unique_ptr<MapInteraction> interaction) {
     setCursor(m_interaction ? m_interaction->cursor() : Qt::OpenHandCursor);
 }
 
-bool MapWidget::tilesShown() const { return m_tiles && m_tiles->isAvailable(); }
+bool MapWidget::tilesShown() const {
+    return m_tiles && m_tiles->isAvailable();
+}
 
 void MapWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
@@ -162,7 +165,8 @@ bool MapWidget::event(QEvent* event) {
         if (auto* pinch = static_cast<QPinchGesture*>(gestures->gesture(Qt::PinchGesture))) {
             const double factor = pinch->scaleFactor();
             if (factor > 0) {
-                setViewport(m_viewport.zoomed(std::log2(factor), mapFromGlobal(pinch->centerPoint())));
+                setViewport(
+                    m_viewport.zoomed(std::log2(factor), mapFromGlobal(pinch->centerPoint())));
             }
             gestures->accept(pinch);
             return true;

@@ -12,7 +12,6 @@
 
 #include <QPointer>
 #include <QWidget>
-
 #include <memory>
 #include <optional>
 #include <vector>
@@ -24,7 +23,7 @@ class TileSource;
 class MapWidget : public QWidget, private MapInteractionHost {
     Q_OBJECT
 
-public:
+  public:
     /// `tiles` is shared between maps and may be null (no tiles at all).
     explicit MapWidget(TileSource* tiles, QWidget* parent = nullptr);
     ~MapWidget() override;
@@ -46,11 +45,11 @@ public:
 
     QSize sizeHint() const override { return {640, 480}; }
 
-signals:
+  signals:
     /// The shown region changed (pan, zoom, resize, fit).
     void viewportChanged(const trackloom::MapViewport& viewport);
 
-protected:
+  protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -61,7 +60,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
-private:
+  private:
     const MapViewport& currentViewport() const override { return m_viewport; }
     void paintTiles(QPainter& painter);
     bool paintFallbackTile(QPainter& painter, TileKey tile) const;

@@ -1,7 +1,6 @@
 #include "app/map/points_overlay.h"
 
 #include <QPen>
-
 #include <cmath>
 #include <unordered_set>
 
@@ -14,13 +13,17 @@ constexpr std::size_t thinningThreshold = 2000;
 
 } // namespace
 
-MarkerStyle MarkerStyle::point() { return {QColor(0, 102, 204), QColor(Qt::white), 4, 1.5}; }
+MarkerStyle MarkerStyle::point() {
+    return {QColor(0, 102, 204), QColor(Qt::white), 4, 1.5};
+}
 
 MarkerStyle MarkerStyle::selection() {
     return {QColor(255, 149, 0, 220), QColor(Qt::black), 6.5, 2};
 }
 
-MarkerStyle MarkerStyle::pending() { return {QColor(Qt::white), QColor(204, 0, 102), 5, 2.5}; }
+MarkerStyle MarkerStyle::pending() {
+    return {QColor(Qt::white), QColor(204, 0, 102), 5, 2.5};
+}
 
 PointsOverlay::PointsOverlay(MarkerStyle style) : m_style(style) {}
 

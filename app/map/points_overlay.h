@@ -7,7 +7,6 @@
 #include "app/map/map_overlay.h"
 
 #include <QColor>
-
 #include <vector>
 
 namespace trackloom {
@@ -27,7 +26,7 @@ struct MarkerStyle {
 };
 
 class PointsOverlay : public MapOverlay {
-public:
+  public:
     explicit PointsOverlay(MarkerStyle style = MarkerStyle::point());
 
     /// Replaces the points; hits report a point's position in this list as `index`.
@@ -40,7 +39,7 @@ public:
     std::optional<MapHit> hitTest(const MapViewport& viewport, QPointF position,
                                   double tolerance) const override;
 
-private:
+  private:
     MarkerStyle m_style;
     std::vector<MapPoint> m_points;
 };

@@ -40,8 +40,8 @@ void PolylineOverlay::paint(QPainter& painter, const MapViewport& viewport) cons
     painter.restore();
 }
 
-void PolylineOverlay::paintRun(QPainter& painter, const MapViewport& viewport,
-                               const Prepared& line, const std::vector<std::size_t>& run) const {
+void PolylineOverlay::paintRun(QPainter& painter, const MapViewport& viewport, const Prepared& line,
+                               const std::vector<std::size_t>& run) const {
     const auto colorOf = [&](std::size_t leg) {
         return leg < line.legColors.size() ? line.legColors[leg] : m_color.rgba();
     };

@@ -8,7 +8,6 @@
 #include "app/map/simplified_path.h"
 
 #include <QColor>
-
 #include <vector>
 
 namespace trackloom {
@@ -20,7 +19,7 @@ struct MapPolyline {
 };
 
 class PolylineOverlay : public MapOverlay {
-public:
+  public:
     explicit PolylineOverlay(QColor color = QColor(0, 102, 204), double width = 3);
 
     /// Replaces the lines; hits report the line as `path` and the leg as `index`.
@@ -31,7 +30,7 @@ public:
     std::optional<MapHit> hitTest(const MapViewport& viewport, QPointF position,
                                   double tolerance) const override;
 
-private:
+  private:
     struct Prepared {
         SimplifiedPath path;
         std::vector<QRgb> legColors;

@@ -1,7 +1,6 @@
 #include "app/map/shape_overlays.h"
 
 #include <QPen>
-
 #include <cmath>
 
 namespace trackloom {

@@ -10,19 +10,19 @@
 namespace trackloom {
 
 class RubberBandOverlay : public MapOverlay {
-public:
+  public:
     /// The region to outline, or none to hide the band.
     void setRegion(std::optional<MapRect> region) { m_region = region; }
     std::optional<MapRect> region() const { return m_region; }
 
     void paint(QPainter& painter, const MapViewport& viewport) const override;
 
-private:
+  private:
     std::optional<MapRect> m_region;
 };
 
 class RadiusCircleOverlay : public MapOverlay {
-public:
+  public:
     /// A circle of `metres` on the ground around `centre`, or none.
     void setCircle(std::optional<Coordinate> centre, double metres);
 
@@ -31,7 +31,7 @@ public:
     std::optional<MapHit> hitTest(const MapViewport& viewport, QPointF position,
                                   double tolerance) const override;
 
-private:
+  private:
     std::optional<Coordinate> m_centre;
     double m_metres = 0;
 };

@@ -15,7 +15,7 @@
 namespace trackloom {
 
 class SimplifiedPath {
-public:
+  public:
     /// Points per chunk; neighbouring chunks share their end point.
     static constexpr std::size_t chunkLength = 1024;
 
@@ -39,7 +39,7 @@ public:
     };
     std::optional<NearestLeg> nearestLeg(MapPoint point, double tolerance) const;
 
-private:
+  private:
     struct Chunk {
         std::size_t first = 0;
         std::size_t last = 0;

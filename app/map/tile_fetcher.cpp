@@ -14,9 +14,9 @@ NetworkTileFetcher::~NetworkTileFetcher() = default;
 
 void NetworkTileFetcher::fetch(const QUrl& url, Completion done) {
     QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::UserAgentHeader,
-                      QStringLiteral("Trackloom/%1 (desktop GPX editor)")
-                          .arg(QStringLiteral(TRACKLOOM_VERSION)));
+    request.setHeader(
+        QNetworkRequest::UserAgentHeader,
+        QStringLiteral("Trackloom/%1 (desktop GPX editor)").arg(QStringLiteral(TRACKLOOM_VERSION)));
     request.setAttribute(QNetworkRequest::RedirectPolicyAttribute,
                          QNetworkRequest::NoLessSafeRedirectPolicy);
     QNetworkReply* reply = m_network->get(request);

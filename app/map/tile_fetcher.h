@@ -6,7 +6,6 @@
 
 #include <QByteArray>
 #include <QUrl>
-
 #include <functional>
 #include <memory>
 #include <optional>
@@ -16,7 +15,7 @@ class QNetworkAccessManager;
 namespace trackloom {
 
 class TileFetcher {
-public:
+  public:
     /// Receives the tile's bytes, or nothing when it could not be fetched.
     using Completion = std::function<void(std::optional<QByteArray>)>;
 
@@ -28,13 +27,13 @@ public:
 /// Fetches over HTTP with a User-Agent naming Trackloom and its version, as the
 /// OpenStreetMap tile servers require.
 class NetworkTileFetcher : public TileFetcher {
-public:
+  public:
     NetworkTileFetcher();
     ~NetworkTileFetcher() override;
 
     void fetch(const QUrl& url, Completion done) override;
 
-private:
+  private:
     std::unique_ptr<QNetworkAccessManager> m_network;
 };
 

@@ -19,15 +19,10 @@ constexpr qint64 retryAfterSeconds = 30;
 
 } // namespace
 
-QString TileSource::openStreetMapTemplate() {
-    return QStringLiteral("https://tile.openstreetmap.org/{z}/{x}/{y}.png");
-}
-
 TileSource::TileSource(QString urlTemplate, QString cacheFolder,
                        std::unique_ptr<TileFetcher> fetcher, QObject* parent)
-    : QObject(parent), m_urlTemplate(std::move(urlTemplate)),
-      m_cacheFolder(std::move(cacheFolder)), m_fetcher(std::move(fetcher)),
-      m_memory(memoryTiles) {}
+    : QObject(parent), m_urlTemplate(std::move(urlTemplate)), m_cacheFolder(std::move(cacheFolder)),
+      m_fetcher(std::move(fetcher)), m_memory(memoryTiles) {}
 
 TileSource::~TileSource() = default;
 

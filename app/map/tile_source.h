@@ -9,12 +9,11 @@
 #include "app/map/tile_fetcher.h"
 
 #include <QCache>
-#include <QHashFunctions>
 #include <QDateTime>
+#include <QHashFunctions>
 #include <QImage>
 #include <QObject>
 #include <QString>
-
 #include <map>
 #include <memory>
 #include <set>
@@ -28,10 +27,7 @@ inline size_t qHash(const TileKey& tile, size_t seed = 0) {
 class TileSource : public QObject {
     Q_OBJECT
 
-public:
-    /// The standard OpenStreetMap tiles, the default of the settings.
-    static QString openStreetMapTemplate();
-
+  public:
     /// `cacheFolder` holds one subfolder per template; `fetcher` may be null
     /// when the source stays offline.
     TileSource(QString urlTemplate, QString cacheFolder, std::unique_ptr<TileFetcher> fetcher,
@@ -54,11 +50,11 @@ public:
     /// Deletes every tile this source stored on disk.
     void clearDiskCache();
 
-signals:
+  signals:
     void tileArrived(trackloom::TileKey tile);
     void availabilityChanged(bool available);
 
-private:
+  private:
     QString diskPath(TileKey tile) const;
     QImage loadFromDisk(TileKey tile);
     void request(TileKey tile);

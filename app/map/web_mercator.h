@@ -36,8 +36,7 @@ struct MapRect {
         return p.x >= minX && p.x <= maxX && p.y >= minY && p.y <= maxY;
     }
     bool intersects(const MapRect& other) const {
-        return other.minX <= maxX && other.maxX >= minX && other.minY <= maxY &&
-               other.maxY >= minY;
+        return other.minX <= maxX && other.maxX >= minX && other.minY <= maxY && other.maxY >= minY;
     }
     /// The same rectangle grown by `margin` on every side.
     MapRect enlarged(double margin) const {
