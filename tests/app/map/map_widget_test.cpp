@@ -3,13 +3,11 @@
 #include "app/map/points_overlay.h"
 #include "app/map/polyline_overlay.h"
 #include "app/map/tile_source.h"
-
 #include "tests/app/support/qt_test_application.h"
 
 #include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
-
 #include <set>
 
 namespace trackloom {
@@ -20,7 +18,7 @@ constexpr Coordinate bonn{50.7374, 7.0982};
 constexpr Coordinate koblenz{50.3569, 7.5890};
 
 class MapWidgetTest : public testing::ApplicationTest {
-protected:
+  protected:
     MapWidgetTest() : offline(QString(), QString(), nullptr), map(&offline) {
         map.resize(640, 480);
         map.setViewport(MapViewport(project(bonn), 9, QSizeF(640, 480)));
@@ -192,8 +190,7 @@ TEST_F(MapWidgetTest, InsertingReportsTheLegUnderTheClick) {
 
 TEST(HeatColor, RunsFromBlueForSparseToRedForTheDensestCell) {
     EXPECT_NEAR(heatColor(7, 7).hueF(), 0.0, 1e-3);
-    EXPECT_NEAR(heatColor(1, 1000).hsvHueF(), (1 - std::log(2.0) / std::log(1001.0)) * 0.66,
-                1e-3);
+    EXPECT_NEAR(heatColor(1, 1000).hsvHueF(), (1 - std::log(2.0) / std::log(1001.0)) * 0.66, 1e-3);
     EXPECT_NEAR(heatColor(1, 1000).alphaF(), 0.78, 1e-2);
 }
 

@@ -1,8 +1,7 @@
 #include "app/map/simplified_path.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 #include <random>
 
 namespace trackloom {
@@ -63,7 +62,8 @@ TEST(SimplifiedPath, ChunksOutsideTheViewAreSkippedAndSplitTheLine) {
     for (int i = 0; i < 4 * chunk; ++i) {
         const int leg = i / chunk;
         const double longitude = (i % chunk) * 0.01;
-        points.push_back({leg == 1 || leg == 2 ? 60.0 : 0.0, leg == 3 ? 30 - longitude : longitude});
+        points.push_back(
+            {leg == 1 || leg == 2 ? 60.0 : 0.0, leg == 3 ? 30 - longitude : longitude});
     }
     const SimplifiedPath path(points);
     const MapRect equator = MapRect::spanning(project({-1, -1}), project({1, 31}));

@@ -1,5 +1,4 @@
 #include "app/map/tile_source.h"
-
 #include "tests/app/support/qt_test_application.h"
 
 #include <QBuffer>
@@ -38,7 +37,7 @@ QByteArray pngTile(QColor color) {
 const QString server = QStringLiteral("https://tiles.example.test/{z}/{x}/{y}.png");
 
 class TileSourceTest : public testing::ApplicationTest {
-protected:
+  protected:
     std::unique_ptr<TileSource> source(const QString& urlTemplate = server) {
         return std::make_unique<TileSource>(urlTemplate, cache.path(),
                                             std::make_unique<ScriptedFetcher>(&requests));

@@ -1,8 +1,7 @@
 #include "app/map/map_viewport.h"
 
-#include <gtest/gtest.h>
-
 #include <cmath>
+#include <gtest/gtest.h>
 
 namespace trackloom {
 namespace {
@@ -30,7 +29,9 @@ TEST(WebMercator, StretchesDistancesTowardsThePoles) {
     EXPECT_NEAR(mapUnitsPerMetre(60) / mapUnitsPerMetre(0), 2.0, 1e-9);
 }
 
-MapViewport europe() { return MapViewport(project(bonn), 6, QSizeF(800, 600)); }
+MapViewport europe() {
+    return MapViewport(project(bonn), 6, QSizeF(800, 600));
+}
 
 TEST(MapViewport, ConvertsBetweenScreenAndMap) {
     const MapViewport viewport = europe();

@@ -20,7 +20,7 @@ inline QApplication& testApplication() {
 /// A fixture base that makes sure the application exists before any member
 /// widget of the derived fixture is constructed.
 class ApplicationTest : public ::testing::Test {
-protected:
+  protected:
     ApplicationTest() { testApplication(); }
 };
 
