@@ -21,11 +21,15 @@ double medianMilliseconds(int repetitions, const std::function<void()>& work) {
 }
 
 std::vector<double> interleavedMedianMilliseconds(int repetitions,
-                                                  const std::vector<std::function<void()>>& works) {
+                                                  const std::vector<std::function<void()>>& works,
+                                                  const std::function<void()>& afterEach) {
     std::vector<std::vector<double>> times(works.size());
     for (int i = 0; i < repetitions; ++i) {
         for (std::size_t w = 0; w < works.size(); ++w) {
             times[w].push_back(medianMilliseconds(1, works[w]));
+            if (afterEach) {
+                afterEach();
+            }
         }
     }
     std::vector<double> medians;

@@ -16,8 +16,11 @@ double medianMilliseconds(int repetitions, const std::function<void()>& work);
 
 /// Median wall times in milliseconds of several works, run in turns (a, b, a, b,
 /// …) so that load from other processes spreads evenly over all of them.
+/// `afterEach` runs untimed after every work, e.g. to free what it built, so
+/// that freeing is not counted as building.
 std::vector<double> interleavedMedianMilliseconds(int repetitions,
-                                                  const std::vector<std::function<void()>>& works);
+                                                  const std::vector<std::function<void()>>& works,
+                                                  const std::function<void()>& afterEach = {});
 
 /// Peak resident set size of this process so far, in bytes.
 long peakRSSBytes();

@@ -1,20 +1,17 @@
 #include "core/timeline/timeline_point.h"
 
 #include "core/base/localization.h"
+#include "core/timeline/timeline_calendar.h"
 
 #include <cmath>
-#include <date/tz.h>
 
 namespace trackloom {
 
 std::string_view rawValue(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path:
-        return "path";
-    case TimelinePointKind::visit:
-        return "visit";
-    case TimelinePointKind::activity:
-        return "activity";
+    case TimelinePointKind::path: return "path";
+    case TimelinePointKind::visit: return "visit";
+    case TimelinePointKind::activity: return "activity";
     }
     return "path";
 }
@@ -30,12 +27,9 @@ std::optional<TimelinePointKind> timelinePointKind(std::string_view raw) {
 
 std::string title(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path:
-        return localized("Streckenpunkt");
-    case TimelinePointKind::visit:
-        return localized("Aufenthalt");
-    case TimelinePointKind::activity:
-        return localized("Grobe Fahrt");
+    case TimelinePointKind::path: return localized("Streckenpunkt");
+    case TimelinePointKind::visit: return localized("Aufenthalt");
+    case TimelinePointKind::activity: return localized("Grobe Fahrt");
     }
     return {};
 }
@@ -50,15 +44,9 @@ constexpr double firstInvalidUnixSecond = 253402300800.0;
 constexpr double oneDay = 86400.0;
 
 int localYear(double unixSeconds) {
-    const auto seconds =
-        date::sys_seconds(std::chrono::seconds(static_cast<long long>(std::floor(unixSeconds))));
-    static const date::time_zone* zone = [] {
-        try {
-            return date::current_zone();
-        } catch (const std::exception&) {
-            return date::locate_zone("UTC");
-        }
-    }();
+    const auto seconds = date::sys_seconds(std::chrono::seconds(
+        static_cast<long long>(std::floor(unixSeconds))));
+    static const date::time_zone* const zone = systemTimeZone();
     const auto local = zone->to_local(seconds);
     return static_cast<int>(date::year_month_day(date::floor<date::days>(local)).year());
 }

@@ -39,6 +39,7 @@ class GPXTrackReader {
     GPXTrack& m_track;
     xml::Element m_root;
     std::vector<std::int64_t> m_pointsPerContainer;
+    std::string m_textStorage;
 };
 
 namespace {
@@ -58,7 +59,7 @@ bool isSupportedNamespace(std::string_view uri) {
     return uri.empty() || uri == gpx11Namespace || uri == gpx10Namespace;
 }
 
-std::optional<double> coordinate(const std::optional<std::string>& text, double limit) {
+std::optional<double> coordinate(const std::optional<std::string_view>& text, double limit) {
     if (!text) {
         return std::nullopt;
     }
@@ -87,8 +88,8 @@ std::vector<GPXTrackReader::Container> GPXTrackReader::containers() const {
 void GPXTrackReader::readPoint(xml::Element element, std::int64_t segment) {
     auto& points = m_track.m_points;
     const auto id = static_cast<std::int64_t>(points.size());
-    const auto latitude = coordinate(element.attribute("lat"), 90);
-    const auto longitude = coordinate(element.attribute("lon"), 180);
+    const auto latitude = coordinate(element.attribute("lat", m_textStorage), 90);
+    const auto longitude = coordinate(element.attribute("lon", m_textStorage), 180);
     if (!latitude || !longitude) {
         throw GPXError::withNumber("Punkt ", id + 1, " hat ungültige Koordinaten.");
     }
@@ -97,7 +98,7 @@ void GPXTrackReader::readPoint(xml::Element element, std::int64_t segment) {
         if (next(*time)) {
             throw GPXError::withNumber("Punkt ", id + 1, " enthält mehrere Zeitstempel.");
         }
-        point.time = parseTrackTime(time->text());
+        point.time = parseTrackTime(time->text(m_textStorage));
         point.invalidTime = !point.time;
     }
     points.push_back(point);

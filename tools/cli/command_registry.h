@@ -26,5 +26,6 @@ class CommandRegistry {
 };
 
 void addGpxCommands(CLI::App& app, CommandRegistry& registry);
+void addTimelineCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli

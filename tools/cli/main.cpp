@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     CommandRegistry registry;
     addGpxCommands(app, registry);
+    addTimelineCommands(app, registry);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -50,8 +50,14 @@ class Element {
 
     /// The value of the unqualified attribute `name`, absent when missing.
     std::optional<std::string> attribute(std::string_view name) const;
+    /// The same value without copying when it is stored as one piece; otherwise
+    /// it is assembled in `storage`, which the result then views.
+    std::optional<std::string_view> attribute(std::string_view name, std::string& storage) const;
     /// The concatenated text of all descendant text and CDATA nodes.
     std::string text() const;
+    /// The same text without copying when the element holds a single text node;
+    /// otherwise it is assembled in `storage`, which the result then views.
+    std::string_view text(std::string& storage) const;
 
     /// The first child element with this local name and namespace URI (the
     /// empty URI means "no namespace"), then the following ones.

@@ -1,5 +1,6 @@
 #include "core/base/xml/xml_document.h"
 
+#include <cstring>
 #include <libxml/tree.h>
 
 namespace trackloom::xml {
@@ -13,11 +14,19 @@ std::string_view view(const xmlChar* text) {
     return text ? std::string_view(reinterpret_cast<const char*>(text)) : std::string_view();
 }
 
-bool matches(const xmlNode* node, std::string_view localName, std::string_view namespaceURI) {
-    if (node->type != XML_ELEMENT_NODE || view(node->name) != localName) {
-        return false;
+/// Whether the C string `text` equals `expected`, without measuring `text` first.
+bool equals(const xmlChar* text, std::string_view expected) {
+    if (text == nullptr) {
+        return expected.empty();
     }
-    return view(node->ns ? node->ns->href : nullptr) == namespaceURI;
+    const auto* characters = reinterpret_cast<const char*>(text);
+    return std::strncmp(characters, expected.data(), expected.size()) == 0 &&
+           characters[expected.size()] == '\0';
+}
+
+bool matches(const xmlNode* node, std::string_view localName, std::string_view namespaceURI) {
+    return node->type == XML_ELEMENT_NODE && equals(node->name, localName) &&
+           equals(node->ns ? node->ns->href : nullptr, namespaceURI);
 }
 
 std::optional<Element> firstMatchFrom(xmlNode* node, std::string_view localName,
@@ -45,34 +54,49 @@ std::string_view Element::prefix() const {
 }
 
 std::optional<std::string> Element::attribute(std::string_view name) const {
-    const std::string key(name);
-    xmlAttrPtr attribute = xmlHasNsProp(m_node, asXml(key), nullptr);
-    if (attribute == nullptr) {
-        return std::nullopt;
+    std::string storage;
+    const auto value = attribute(name, storage);
+    return value ? std::optional<std::string>(std::string(*value)) : std::nullopt;
+}
+
+std::optional<std::string_view> Element::attribute(std::string_view name,
+                                                   std::string& storage) const {
+    for (xmlAttrPtr attribute = m_node->properties; attribute != nullptr;
+         attribute = attribute->next) {
+        if (attribute->ns != nullptr || !equals(attribute->name, name)) {
+            continue;
+        }
+        const xmlNode* only = attribute->children;
+        if (only == nullptr) {
+            return std::string_view();
+        }
+        if (only->next == nullptr && only->type == XML_TEXT_NODE) {
+            return view(only->content);
+        }
+        xmlChar* value = xmlNodeListGetString(m_node->doc, attribute->children, 1);
+        storage.assign(view(value));
+        xmlFree(value);
+        return std::string_view(storage);
     }
-    const xmlNode* only = attribute->children;
-    if (only == nullptr) {
-        return std::string();
-    }
-    if (only->next == nullptr && only->type == XML_TEXT_NODE) {
-        return std::string(view(only->content));
-    }
-    xmlChar* value = xmlNodeListGetString(m_node->doc, attribute->children, 1);
-    std::string result(view(value));
-    xmlFree(value);
-    return result;
+    return std::nullopt;
 }
 
 std::string Element::text() const {
+    std::string storage;
+    const auto content = text(storage);
+    return content.data() == storage.data() ? storage : std::string(content);
+}
+
+std::string_view Element::text(std::string& storage) const {
     const xmlNode* only = m_node->children;
     if (only != nullptr && only->next == nullptr &&
         (only->type == XML_TEXT_NODE || only->type == XML_CDATA_SECTION_NODE)) {
-        return std::string(view(only->content));
+        return view(only->content);
     }
     xmlChar* content = xmlNodeGetContent(m_node);
-    std::string result(view(content));
+    storage.assign(view(content));
     xmlFree(content);
-    return result;
+    return storage;
 }
 
 std::optional<Element> Element::firstChild(std::string_view localName,

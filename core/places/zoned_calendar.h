@@ -1,0 +1,81 @@
+#pragma once
+
+// A Gregorian calendar pinned to one time zone. Days are the zone's local
+// calendar days (`date::local_days`); a day is represented outside this class by
+// the instant at which it starts, which is local midnight unless a clock change
+// skips midnight, in which case it is the first instant that exists that day.
+//
+// The zone is resolved by the caller, once; nothing here looks a zone up by name.
+
+#include "core/base/instant.h"
+
+#include <date/tz.h>
+#include <optional>
+
+namespace trackloom {
+
+/// Wall-clock reading of an instant in a zone.
+struct LocalTime {
+    date::local_days day;
+    /// Seconds since local midnight, with the instant's fraction of a second.
+    double secondsIntoDay = 0;
+};
+
+class ZonedCalendar {
+  public:
+    /// Weekday numbers as the date pickers use them: 1 = Sunday … 7 = Saturday.
+    static constexpr int sunday = 1;
+    static constexpr int monday = 2;
+
+    /// A calendar in `zone` whose weeks begin on `firstWeekday` (1 = Sunday …
+    /// 7 = Saturday; other numbers are taken modulo 7, so 8 is Sunday again).
+    explicit ZonedCalendar(const date::time_zone& zone, int firstWeekday = monday);
+
+    const date::time_zone& zone() const { return *m_zone; }
+    int firstWeekday() const { return m_firstWeekday; }
+
+    /// The local day containing `instant`; absent for an instant that is not
+    /// finite or lies beyond the calendar's range of some 25,000 years.
+    std::optional<date::local_days> day(Instant instant) const;
+    /// The instant at which `day` begins; absent beyond the calendar's range.
+    std::optional<Instant> start(date::local_days day) const;
+    /// The start of the day containing `instant`.
+    std::optional<Instant> startOfDay(Instant instant) const;
+    /// The wall-clock reading of `instant`; absent where `day` would be.
+    std::optional<LocalTime> localTime(Instant instant) const;
+    /// The instant at which the wall clock reads `time`. A reading that occurs
+    /// twice (clocks turned back) gives the earlier one; a reading the clocks
+    /// skip gives nothing.
+    std::optional<Instant> instant(LocalTime time) const;
+
+    /// 1 = Sunday … 7 = Saturday.
+    static int weekday(date::local_days day);
+
+  private:
+    const date::time_zone* m_zone;
+    int m_firstWeekday;
+};
+
+/// The local day of an instant together with the instant at which it starts.
+struct CalendarDay {
+    date::local_days day;
+    Instant start;
+};
+
+/// Finds the days of many instants in one pass. It remembers the zone's offset
+/// period and the last day it found, so that a run of nearby instants (a sorted
+/// history) costs no zone lookups at all. One per call and thread.
+class DayFinder {
+  public:
+    explicit DayFinder(const ZonedCalendar& calendar) : m_calendar(calendar) {}
+
+    /// The day containing `instant`; absent where `ZonedCalendar::day` would be.
+    std::optional<CalendarDay> dayContaining(Instant instant);
+
+  private:
+    const ZonedCalendar& m_calendar;
+    date::sys_info m_period{};
+    std::optional<CalendarDay> m_last;
+};
+
+} // namespace trackloom

@@ -1,0 +1,98 @@
+#include "core/timeline/timeline_document.h"
+
+#include "core/base/file_io.h"
+#include "core/base/gpx_error.h"
+#include "core/timeline/google_import.h"
+#include "core/timeline/json_reading.h"
+#include "core/timeline/working_copy.h"
+
+#include <system_error>
+
+namespace trackloom {
+namespace {
+
+void refuseOversizedData(std::size_t size) {
+    if (size > maximumTimelineFileSize) {
+        throw GPXError("Der Standortverlauf ist größer als 250 MB.");
+    }
+}
+
+char firstNonBlank(std::string_view data) {
+    const auto position = data.find_first_not_of(" \t\n\r");
+    return position == std::string_view::npos ? '\0' : data[position];
+}
+
+/// The working copy in `input`, or absent when the data is something else.
+std::optional<TimelineDocument> readWorkingCopy(json::OnDemandDocument& input,
+                                                const std::stop_token& token) {
+    auto copy = decodeWorkingCopy(input, token);
+    if (!copy || copy->format != workingCopyFormat) {
+        return std::nullopt;
+    }
+    if (copy->version != 1 && copy->version != 2) {
+        throw GPXError("Diese Arbeitskopie benötigt eine neuere App-Version.");
+    }
+    return TimelineDocument(std::move(copy->points), {});
+}
+
+TimelineDocument readGoogleExport(json::OnDemandDocument& input, std::size_t size,
+                                  std::stop_token token) {
+    GoogleImport import(size, std::move(token));
+    if (!decodeGoogleExport(input, [&](const RecordWrapper& entry) { import.add(entry); })) {
+        throw GPXError("Dieses JSON ist kein unterstützter Google-Zeitachsenexport. Erwartet wird "
+                       "eine Liste mit startTime, visit, activity oder timelinePath.");
+    }
+    const auto report = import.report();
+    return TimelineDocument(import.takePoints(), report);
+}
+
+} // namespace
+
+TimelineDocument::TimelineDocument(std::vector<TimelinePoint> points, TimelineImportReport report)
+    : m_points(std::move(points)), m_report(report) {
+    if (m_points.empty()) {
+        throw GPXError("Keine auswertbaren Standortpunkte gefunden.");
+    }
+    for (const auto& point : m_points) {
+        if (!point.isValid()) {
+            throw GPXError("Ungültige Standortpunkte oder Zeitangaben.");
+        }
+    }
+    for (std::size_t index = 0; index < m_points.size(); ++index) {
+        auto& point = m_points[index];
+        point.id = static_cast<std::int64_t>(index);
+        if (!point.order) {
+            point.order = static_cast<double>(index);
+        }
+    }
+}
+
+TimelineDocument TimelineDocument::read(std::string data, std::stop_token token) {
+    refuseOversizedData(data.size());
+    // The parser reads a little past the end; room for that is all it needs,
+    // instead of a padded copy of a history that may be 250 MB.
+    data.reserve(data.size() + simdjson::SIMDJSON_PADDING);
+    json::OnDemandDocument input(data, data.capacity());
+    if (firstNonBlank(data) == '{') {
+        if (auto document = readWorkingCopy(input, token)) {
+            return std::move(*document);
+        }
+    }
+    return readGoogleExport(input, data.size(), std::move(token));
+}
+
+TimelineDocument TimelineDocument::readFile(const std::filesystem::path& path,
+                                            std::stop_token token) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(path, error);
+    if (!error) {
+        refuseOversizedData(size);
+    }
+    return read(readFileBytes(path), std::move(token));
+}
+
+std::string TimelineDocument::workingCopy(const std::vector<TimelinePoint>& points) {
+    return encodeWorkingCopy(points);
+}
+
+} // namespace trackloom
