@@ -262,6 +262,11 @@ void EditorModel::selectPoint(std::optional<std::int64_t> displayed) {
     }
 }
 
+void EditorModel::fitMap() {
+    ++m_mapFitRequest;
+    emit mapChanged();
+}
+
 void EditorModel::setMapTool(MapTool tool) {
     if (tool != m_mapTool) {
         m_mapTool = tool;

@@ -162,6 +162,8 @@ class EditorModel : public QObject {
     /// Recomputes the speed colours of the displayed track.
     void updateSpeedScale();
     void selectPoint(std::optional<std::int64_t> displayed);
+    /// Asks the map to show the whole track again.
+    void fitMap();
     void setMapTool(MapTool tool);
     void clearError();
 

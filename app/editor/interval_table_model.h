@@ -27,6 +27,7 @@ class IntervalTableModel : public QAbstractTableModel {
 
     /// Shows the legs of `track` (none for null).
     void setTrack(TrackPtr track);
+    const TrackPtr& track() const { return m_track; }
     /// Marks the legs faster than `threshold` km/h or with a problem, and shows
     /// only those when `suspiciousOnly` is set.
     void setFilter(bool suspiciousOnly, double threshold);
