@@ -51,6 +51,7 @@ void EditorModel::finishSessionWork(SessionPtr session, const SessionEffects& ef
         emit trackChanged();
         return;
     }
+    retire(std::move(m_track));
     m_track = m_session->track();
     if (effects.succeeded) {
         effects.succeeded(*status);

@@ -133,6 +133,7 @@ void EditorModel::writeExport(EditorExport plan) {
             writeFileAtomically(localPath(plan.destination), exportedBytes(plan));
             return [=, this] {
                 if (saved) {
+                    retire(std::move(m_lastExportedSource));
                     m_lastExportedSource = saved;
                     setStructuralDirty(false);
                 }

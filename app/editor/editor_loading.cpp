@@ -106,6 +106,9 @@ void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()
 }
 
 void EditorModel::showNewSession(SessionPtr session) {
+    retire(std::move(m_session));
+    retire(std::move(m_track));
+    retire(std::move(m_lastExportedSource));
     m_session = std::move(session);
     ++m_sessionEpoch;
     m_track = m_session->track();
@@ -115,7 +118,6 @@ void EditorModel::showNewSession(SessionPtr session) {
         emit removeAirRoutesChanged();
     }
     m_appendSummary.clear();
-    m_lastExportedSource.reset();
     setStructuralDirty(false);
     setMapTool(MapTool::select);
     setPending({}, std::nullopt);

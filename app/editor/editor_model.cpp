@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QFutureWatcher>
+#include <QThread>
 #include <QtConcurrent/QtConcurrentRun>
 #include <cmath>
 
@@ -47,16 +48,17 @@ EditorModel::EditorModel(QSettings& settings, UserDialogs& dialogs,
       m_secondPartName(tr("Rückweg")),
       m_colorBySpeed(storedFlag(settings, colorBySpeedKey).value_or(false)), m_newStart(now()),
       m_newEnd(m_newStart.advanced(3600)),
-      m_removeAirRoutes(storedFlag(settings, removeAirRoutesKey).value_or(true)) {}
+      m_removeAirRoutes(storedFlag(settings, removeAirRoutesKey).value_or(true)) {
+    // A pool of our own: Qt's painting borrows the global pool's threads and
+    // would wait behind a long read.
+    m_pool.setMaxThreadCount(std::max(2, QThread::idealThreadCount()));
+}
 
 EditorModel::~EditorModel() {
-    for (auto& job : m_jobs) {
-        job.waitForFinished();
-    }
+    m_pool.waitForDone();
 }
 
 void EditorModel::inBackground(std::function<Publish()> work) {
-    std::erase_if(m_jobs, [](const QFuture<Publish>& job) { return job.isFinished(); });
     ++m_runningJobs;
     if (m_runningJobs == 1) {
         emit busyChanged(true);
@@ -66,12 +68,25 @@ void EditorModel::inBackground(std::function<Publish()> work) {
         watcher->deleteLater();
         // State changes before busy ends, so whoever waits for idle sees the result.
         watcher->result()();
+        releaseRetired();
         if (--m_runningJobs == 0) {
             emit busyChanged(false);
         }
     });
-    m_jobs.push_back(QtConcurrent::run(std::move(work)));
-    watcher->setFuture(m_jobs.back());
+    watcher->setFuture(QtConcurrent::run(&m_pool, std::move(work)));
+}
+
+void EditorModel::retire(std::shared_ptr<const void> old) {
+    if (old) {
+        m_retired.push_back(std::move(old));
+    }
+}
+
+void EditorModel::releaseRetired() {
+    if (!m_retired.empty()) {
+        m_pool.start([old = std::move(m_retired)]() mutable { old.clear(); });
+        m_retired.clear();
+    }
 }
 
 bool EditorModel::canShift() const {

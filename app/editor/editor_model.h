@@ -14,10 +14,10 @@
 #include "core/editing/editing_session.h"
 #include "core/track/gpx_track.h"
 
-#include <QFuture>
 #include <QObject>
 #include <QSettings>
 #include <QStringList>
+#include <QThreadPool>
 #include <date/tz.h>
 #include <functional>
 #include <map>
@@ -235,6 +235,10 @@ class EditorModel : public QObject {
     };
 
     void inBackground(std::function<Publish()> work);
+    /// Keeps a replaced track or session until every screen has let go of it,
+    /// then frees it on the thread pool: freeing a 50 MB document takes long.
+    void retire(std::shared_ptr<const void> old);
+    void releaseRetired();
     void startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                    std::function<QString(const GPXTrack&)> successStatus);
     void showNewSession(SessionPtr session);
@@ -305,7 +309,8 @@ class EditorModel : public QObject {
     std::uint64_t m_loadGeneration = 0;
     // Bumped whenever another session is shown; edits of an older one are dropped.
     std::uint64_t m_sessionEpoch = 0;
-    std::vector<QFuture<Publish>> m_jobs;
+    std::vector<std::shared_ptr<const void>> m_retired;
+    QThreadPool m_pool;
 };
 
 } // namespace trackloom

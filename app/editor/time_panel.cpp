@@ -134,11 +134,17 @@ void TimePanel::refresh() {
         m_end->setDateTime(dateTimeOf(m_model.newEnd(), utc));
         m_speed->setValue(m_model.syntheticSpeed());
     }
-    const auto counts = m_model.calendarCounts();
+    // Counting a long track's days takes a moment; only another track or zone needs it.
+    const bool recount = m_countedTrack != m_model.track() || m_countedZone != &m_model.zone();
+    const auto counts = recount ? m_model.calendarCounts() : DayCounts();
+    m_countedTrack = m_model.track();
+    m_countedZone = &m_model.zone();
     for (auto [day, instant] :
          {std::pair{m_startDay, m_model.newStart()}, std::pair{m_endDay, m_model.newEnd()}}) {
-        day->setZone(m_model.zone());
-        day->setCounts(counts);
+        if (recount) {
+            day->setZone(m_model.zone());
+            day->setCounts(counts);
+        }
         day->setDays(instant);
     }
     m_startLabel->setText(generating ? tr("Start") : tr("Neuer Start"));

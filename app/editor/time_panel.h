@@ -5,7 +5,10 @@
 // the speed that start and end imply shown while they are typed. Dates can be
 // picked in the data calendar, where the track's days are marked.
 
+#include "core/track/gpx_track.h"
+
 #include <QWidget>
+#include <date/tz.h>
 
 class QCheckBox;
 class QDateTimeEdit;
@@ -49,6 +52,8 @@ class TimePanel : public QWidget {
     QDoubleSpinBox* m_speed;
     QLabel* m_feedback;
     QPushButton* m_apply;
+    TrackPtr m_countedTrack;
+    const date::time_zone* m_countedZone = nullptr;
 };
 
 } // namespace trackloom
