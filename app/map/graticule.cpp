@@ -1,9 +1,22 @@
 #include "app/map/graticule.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <array>
 #include <cmath>
 
 namespace trackloom {
+namespace {
+
+QString degreeLabel(double value, const char* positive, const char* negative) {
+    const QString hemisphere =
+        QCoreApplication::translate("trackloom", value > 0 ? positive : negative);
+    const double magnitude = std::abs(value) < 1e-9 ? 0 : std::abs(value);
+    return QLocale().toString(magnitude, 'g', 6) + QStringLiteral("° ") +
+           (magnitude == 0 ? QString() : hemisphere);
+}
+
+} // namespace
 
 double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
     static constexpr std::array steps{30.0, 10.0, 5.0,  2.0,  1.0,   0.5,   0.2,
@@ -28,20 +41,32 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     const Coordinate bottomRight =
         viewport.toCoordinate({viewport.size().width(), viewport.size().height()});
     painter.save();
-    painter.setPen(QPen(QColor(190, 196, 204), 1));
+    const QColor lineColor(190, 196, 204);
+    const QColor labelColor(120, 128, 138);
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 0.8);
+    painter.setFont(font);
     const double firstLongitude =
         std::max(-180.0, std::floor(topLeft.longitude / spacing) * spacing);
     for (double longitude = firstLongitude; longitude <= std::min(180.0, bottomRight.longitude);
          longitude += spacing) {
         const double x = viewport.toScreen(Coordinate{0, longitude}).x();
+        painter.setPen(lineColor);
         painter.drawLine(QPointF(x, world.top()), QPointF(x, world.bottom()));
+        painter.setPen(labelColor);
+        painter.drawText(QPointF(x + 3, std::max(0.0, world.top()) + 12),
+                         degreeLabel(longitude, "O", "W"));
     }
     const double lowest = std::max(-mercatorLatitudeLimit, bottomRight.latitude);
     const double highest = std::min(mercatorLatitudeLimit, topLeft.latitude);
     for (double latitude = std::ceil(lowest / spacing) * spacing; latitude <= highest;
          latitude += spacing) {
         const double y = viewport.toScreen(Coordinate{latitude, 0}).y();
+        painter.setPen(lineColor);
         painter.drawLine(QPointF(world.left(), y), QPointF(world.right(), y));
+        painter.setPen(labelColor);
+        painter.drawText(QPointF(std::max(0.0, world.left()) + 3, y + 12),
+                         degreeLabel(latitude, "N", "S"));
     }
     painter.restore();
 }
