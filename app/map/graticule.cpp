@@ -16,9 +16,9 @@ QString degreeLabel(double value, const char* positive, const char* negative) {
            (magnitude == 0 ? QString() : hemisphere);
 }
 
-} // namespace
-
-double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
+// Degrees between lines, so that they lie at least 90 pixels apart.
+double graticuleSpacing(const MapViewport& viewport) {
+    constexpr double minimumPixels = 90;
     static constexpr std::array steps{30.0, 10.0, 5.0,  2.0,  1.0,   0.5,   0.2,
                                       0.1,  0.05, 0.02, 0.01, 0.005, 0.002, 0.001};
     const double pixelsPerDegree = viewport.worldSize() / 360.0;
@@ -31,6 +31,8 @@ double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
     }
     return chosen;
 }
+
+} // namespace
 
 void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     const QRectF world(viewport.toScreen(MapPoint{0, 0}), viewport.toScreen(MapPoint{1, 1}));

@@ -29,7 +29,6 @@ constexpr double keyPanPixels = 80;
 MapWidget::MapWidget(TileSource* tiles, QWidget* parent) : QWidget(parent), m_tiles(tiles) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(false);
     setCursor(Qt::OpenHandCursor);
     grabGesture(Qt::PinchGesture);
     if (m_tiles) {
