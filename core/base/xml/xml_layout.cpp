@@ -239,7 +239,6 @@ void copyTreeSpans(const xmlNode* originalTop, xmlNode* copyTop, Layout& to, Sou
         if (copy == nullptr || copy->type != original->type) {
             return;
         }
-        copy->_private = nullptr;
         if (const Span* span = spanOf(original)) {
             Span copied = *span;
             copied.source = sources(span->source);
@@ -327,21 +326,21 @@ void copySpans(const xmlNode* original, xmlNode* copy) {
     // Declarations the copy gained are not in the recorded start tag.
     Span* span = spanOf(copy);
     if (span != nullptr && span->declaredNamespaces == Span::allDeclared) {
-        std::uint16_t declared = 0;
-        for (const xmlNs* ns = original->nsDef; ns != nullptr && declared + 1 < Span::allDeclared;
-             ns = ns->next) {
+        int declared = 0;
+        for (const xmlNs* ns = original->nsDef; ns != nullptr; ns = ns->next) {
             ++declared;
         }
-        span->declaredNamespaces = declared;
+        span->declaredNamespaces =
+            static_cast<std::uint16_t>(std::min(declared, Span::allDeclared - 1));
     }
 }
 
 void copyDocumentSpans(const xmlDoc* original, xmlDoc* copy) {
     const Layout* from = layoutOf(original);
-    Layout& to = ensureLayout(copy);
     if (from == nullptr) {
         return;
     }
+    Layout& to = ensureLayout(copy);
     SourceMap sources(*from, to);
     const xmlNode* top = original->children;
     xmlNode* copiedTop = copy->children;

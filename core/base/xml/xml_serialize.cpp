@@ -57,7 +57,6 @@ class Writer {
     std::string document(const xmlDoc* doc) {
         const xmlNode* first = doc->children;
         if (const Span* span = spanOf(first)) {
-            m_out.reserve(source(*span).size());
             m_out += source(*span).substr(0, span->begin);
         } else {
             m_out += "<?xml version=\"";
