@@ -57,6 +57,9 @@ class Writer {
     std::string document(const xmlDoc* doc) {
         const xmlNode* first = doc->children;
         if (const Span* span = spanOf(first)) {
+            // One allocation for an unchanged document instead of a doubling
+            // copy at its last byte; pages an export leaves unused are never touched.
+            m_out.reserve(source(*span).size());
             m_out += source(*span).substr(0, span->begin);
         } else {
             m_out += "<?xml version=\"";
