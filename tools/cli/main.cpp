@@ -10,6 +10,7 @@ int main(int argc, char** argv) {
     CommandRegistry registry;
     addGpxCommands(app, registry);
     addGpxWriteCommands(app, registry);
+    addGpxEditCommands(app, registry);
     addTimelineCommands(app, registry);
     try {
         app.parse(argc, argv);
