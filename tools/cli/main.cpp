@@ -9,6 +9,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     CommandRegistry registry;
     addGpxCommands(app, registry);
+    addGpxWriteCommands(app, registry);
     addGpxEditCommands(app, registry);
     addTimelineCommands(app, registry);
     try {
