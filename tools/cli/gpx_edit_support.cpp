@@ -1,43 +1,16 @@
 #include "tools/cli/gpx_edit_support.h"
 
-#include "core/base/file_io.h"
-#include "core/base/gpx_error.h"
-#include "core/base/json_writer.h"
+#include "core/base/original_file_protection.h"
 
 #include <charconv>
 #include <filesystem>
 
 namespace trackloom::cli {
 namespace {
-namespace fs = std::filesystem;
-
-bool isSameFile(const fs::path& a, const fs::path& b) {
-    std::error_code error;
-    const auto first = fs::weakly_canonical(a, error);
-    const auto second = fs::weakly_canonical(b, error);
-    if (!error && first == second) {
-        return true;
-    }
-    return fs::equivalent(a, b, error) && !error;
-}
-
-std::string summary(const GPXTrack& track) {
-    JsonWriter json;
-    json.beginObject()
-        .key("points")
-        .value(track.points().size())
-        .key("segments")
-        .value(track.segments().size())
-        .endObject();
-    return json.takeText();
-}
 
 void checkNotOpened(const std::string& destination, const std::vector<std::string>& opened) {
     for (const auto& file : opened) {
-        if (isSameFile(destination, file)) {
-            throw GPXError("Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine "
-                           "andere Datei.");
-        }
+        OriginalFileProtection::checkExport(destination, std::filesystem::path(file));
     }
 }
 
@@ -64,23 +37,19 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 
 } // namespace
 
-TrackPtr openTrack(const std::string& path) {
-    return GPXTrack::read(readFileBytes(path), fs::path(path).filename().string());
-}
-
-std::string saveTrack(const GPXTrack& track, const std::string& destination,
-                      const std::vector<std::string>& opened) {
+std::string saveResult(const GPXTrack& track, const std::string& destination,
+                       const std::vector<std::string>& opened) {
     checkNotOpened(destination, opened);
-    writeFileAtomically(destination, track.data());
-    return summary(track);
+    return saveTrack(track, destination, std::nullopt);
 }
 
 std::string saveBytes(const std::string& bytes, const std::string& destination,
                       const std::vector<std::string>& opened) {
-    const auto track = GPXTrack::read(bytes, fs::path(destination).filename().string());
-    checkNotOpened(destination, opened);
-    writeFileAtomically(destination, bytes);
-    return summary(*track);
+    // The serialiser writes an untouched document exactly as it was read, so the
+    // track read from the bytes writes them back unchanged.
+    const auto track =
+        GPXTrack::read(bytes, std::filesystem::path(destination).filename().string());
+    return saveResult(*track, destination, opened);
 }
 
 const CLI::Validator trackTime(

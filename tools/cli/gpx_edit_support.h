@@ -4,6 +4,7 @@
 // a result.
 
 #include "core/track/gpx_track.h"
+#include "tools/cli/cli_support.h"
 #include "tools/cli/command_registry.h"
 
 #include <optional>
@@ -13,16 +14,13 @@
 
 namespace trackloom::cli {
 
-/// Reads a GPX file; its last path component serves the fallback name. Throws
-/// `GPXError`.
-TrackPtr openTrack(const std::string& path);
+/// Writes the track's data to `destination` like `saveTrack`, refusing to
+/// overwrite any of the `opened` files. Returns {"points":N,"segments":N}.
+std::string saveResult(const GPXTrack& track, const std::string& destination,
+                       const std::vector<std::string>& opened);
 
-/// Writes the track's data to `destination` atomically unless that is one of the
-/// `opened` files, and returns {"points":N,"segments":N}. Throws `GPXError`.
-std::string saveTrack(const GPXTrack& track, const std::string& destination,
-                      const std::vector<std::string>& opened);
-
-/// Writes exactly `bytes` (a whole GPX document) like `saveTrack`.
+/// Writes exactly `bytes` (a whole GPX document) like `saveResult`; throws
+/// `GPXError` when they are no readable GPX.
 std::string saveBytes(const std::string& bytes, const std::string& destination,
                       const std::vector<std::string>& opened);
 
