@@ -50,7 +50,7 @@ TrackPtr mergingSegments(const GPXTrack& track) {
     auto copy = track.editableCopy();
     const auto& namespaceURI = track.namespaceURI();
     const auto airRoutes = airRouteElements(track, copy.root);
-    const auto points = pointElements(copy.root, namespaceURI);
+    const auto points = pointElements(track, copy.root);
 
     auto merged = newElement(copy, "trk", namespaceURI, copy.root);
     insertBeforeRootExtensions(copy.root, merged, namespaceURI);
@@ -65,7 +65,7 @@ TrackPtr mergingSegments(const GPXTrack& track) {
         }
     }
     // The points may have used declarations of the containers about to go.
-    reconcileNamespaces(merged);
+    redeclareMovedNamespaces(merged);
     for (auto old : copy.root.children("trk", namespaceURI)) {
         if (!(old == merged)) {
             old.remove();

@@ -35,7 +35,10 @@ bool isAirRoute(const GPXTrack& track, std::int64_t routeIndex) {
 /// Moves an element of the other file into the combined file's namespace and
 /// prefix, with its GPX descendants; extension content keeps its own names.
 void normalize(xml::Element element, std::string_view otherNamespace, xml::Element root) {
-    if (element.namespaceURI() == otherNamespace) {
+    // An element already written as this file writes it keeps its recorded bytes.
+    const bool differs =
+        element.prefix() != root.prefix() || element.namespaceURI() != root.namespaceURI();
+    if (element.namespaceURI() == otherNamespace && differs) {
         adoptNamespace(element, root);
     }
     if (element.localName() == "extensions") {
@@ -64,13 +67,8 @@ class Combiner {
     Content cloneOther(const GPXTrack& other) {
         const auto otherRoot = *other.xml().root();
         declareMissingNamespaces(otherRoot);
-        return collect(other, otherRoot, [&](xml::Element element) {
-            const auto clone = copiedElement(element, m_copy.root);
-            if (!clone) {
-                throw GPXError(joinFailed);
-            }
-            return *clone;
-        });
+        return collect(other, otherRoot,
+                       [&](xml::Element element) { return element.copyInto(m_copy.document); });
     }
 
     void clearRoot() {
@@ -172,11 +170,9 @@ TrackPtr appending(const GPXTrack& track, const GPXTrack& other) {
                              own.tracks, added.tracks}) {
         combiner.insert(part);
     }
-    // Only once linked can the copies share the root's declarations; then their
-    // GPX elements take this file's namespace and prefix.
     for (const auto& part : {added.waypoints, added.airRoutes, added.tracks}) {
         for (const auto& element : part) {
-            reconcileNamespaces(element);
+            dropRepeatedDeclarations(element);
             normalize(element, other.namespaceURI(), copy.root);
         }
     }

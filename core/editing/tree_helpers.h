@@ -1,11 +1,12 @@
 #pragma once
 
 // Tree operations the editing code needs and the XML layer does not offer yet.
-// They stay minimal and belong in core/base/xml once that layer grows them.
+// They keep the layer's record of what changed, so that the serialiser still
+// writes everything else as it was read; they belong in core/base/xml once that
+// layer grows them.
 
 #include "core/base/xml/xml_document.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -16,15 +17,16 @@ namespace trackloom {
 /// comment or element already there.
 void insertAsFirstChild(xml::Element parent, xml::Element child);
 
-/// A deep copy of `element` (of this or another document) owned by the document
-/// of `destination`, not yet linked; nothing when the library cannot make it.
-/// Reconcile its namespaces once it is linked.
-std::optional<xml::Element> copiedElement(xml::Element element, xml::Element destination);
+/// After elements were moved under `element` out of containers that will go:
+/// every namespace they use whose declaration is no longer in scope is declared
+/// again, with the same prefix, on `element` (or taken from an equal declaration
+/// already in scope).
+void redeclareMovedNamespaces(xml::Element element);
 
-/// Makes every namespace the element's subtree uses declared in its scope (needed
-/// after copying or moving elements) and drops declarations that repeat one
-/// already in scope.
-void reconcileNamespaces(xml::Element element);
+/// After linking a copied element: drops the declarations the copy added to stay
+/// meaningful on its own where its new surroundings declare the same, so that no
+/// tag written anew repeats them.
+void dropRepeatedDeclarations(xml::Element copy);
 
 /// The namespace declarations written on the element itself, as (prefix, URI);
 /// the prefix is empty for a default namespace.
