@@ -191,8 +191,7 @@ void decodeEnvelope(simdjson::ondemand::document& document,
 
 bool decodeGoogleExport(json::OnDemandDocument& input,
                         const std::function<void(const RecordWrapper&)>& visit) {
-    try {
-        auto& document = input.fromStart();
+    const auto decoded = input.read([&](simdjson::ondemand::document& document) {
         simdjson::ondemand::json_type type{};
         json::check(document.type().get(type));
         if (type == json_type::array) {
@@ -201,11 +200,8 @@ bool decodeGoogleExport(json::OnDemandDocument& input,
             decodeEnvelope(document, visit);
         }
         return json::isAtEnd(document);
-    } catch (const json::ValueMismatch&) {
-        return false;
-    } catch (const json::MalformedDocument&) {
-        return false;
-    }
+    });
+    return decoded.value_or(false);
 }
 
 } // namespace trackloom

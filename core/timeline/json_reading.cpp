@@ -24,6 +24,9 @@ OnDemandDocument::OnDemandDocument(std::string_view data, std::size_t capacity)
 
 simdjson::ondemand::document& OnDemandDocument::fromStart() {
     check(m_error);
+    if (m_malformed) {
+        throw MalformedDocument{};
+    }
     m_document.rewind();
     return m_document;
 }
