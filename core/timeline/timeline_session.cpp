@@ -18,6 +18,9 @@ TimelineSession::TimelineSession(TimelineDocument document, const date::time_zon
     : m_document(std::move(document)), m_calendar(timeZone) {
     const auto& points = m_document.points();
     m_nextID = static_cast<std::int64_t>(points.size());
+    if (!points.empty()) {
+        m_nextSegment = points.front().segment + 1;
+    }
     // The points of one segment follow each other in an import; remembering the
     // last segment spares a hash lookup for nearly every point.
     auto segment = m_segments.end();
@@ -26,12 +29,7 @@ TimelineSession::TimelineSession(TimelineDocument document, const date::time_zon
             segment = m_segments.try_emplace(point.segment).first;
         }
         segment->second.insert(point.id);
-    }
-    if (!points.empty()) {
-        m_nextSegment = std::max_element(points.begin(), points.end(),
-                                         [](auto& a, auto& b) { return a.segment < b.segment; })
-                            ->segment +
-                        1;
+        m_nextSegment = std::max(m_nextSegment, point.segment + 1);
     }
     m_index = trackloom::makeDayIndex(points, timeZone).days;
 }
