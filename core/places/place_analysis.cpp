@@ -1,7 +1,7 @@
 #include "core/places/place_analysis.h"
 
 #include "core/base/cancellation.h"
-#include "core/places/zoned_calendar.h"
+#include "core/timeline/text_trimming.h"
 #include "core/track/number_parsing.h"
 
 #include <algorithm>
@@ -40,41 +40,6 @@ struct Origin {
     double longitude;
 };
 
-// White space and line breaks beyond ASCII, as UTF-8: a coordinate copied from
-// a web page often carries a no-break space.
-constexpr std::string_view unicodeBlanks[] = {
-    "\xc2\x85",     "\xc2\xa0",     "\xe1\x9a\x80", "\xe2\x80\x80", "\xe2\x80\x81",
-    "\xe2\x80\x82", "\xe2\x80\x83", "\xe2\x80\x84", "\xe2\x80\x85", "\xe2\x80\x86",
-    "\xe2\x80\x87", "\xe2\x80\x88", "\xe2\x80\x89", "\xe2\x80\x8a", "\xe2\x80\xa8",
-    "\xe2\x80\xa9", "\xe2\x80\xaf", "\xe2\x81\x9f", "\xe3\x80\x80"};
-
-/// Length of the blank that `text` begins with (or ends with, if `atEnd`); 0 if none.
-std::size_t blankLength(std::string_view text, bool atEnd) {
-    if (text.empty()) {
-        return 0;
-    }
-    const char edge = atEnd ? text.back() : text.front();
-    if (edge == ' ' || (edge >= '\t' && edge <= '\r')) {
-        return 1;
-    }
-    for (const auto blank : unicodeBlanks) {
-        if (atEnd ? text.ends_with(blank) : text.starts_with(blank)) {
-            return blank.size();
-        }
-    }
-    return 0;
-}
-
-std::string_view trimmedBlanks(std::string_view text) {
-    while (const auto length = blankLength(text, false)) {
-        text.remove_prefix(length);
-    }
-    while (const auto length = blankLength(text, true)) {
-        text.remove_suffix(length);
-    }
-    return text;
-}
-
 std::vector<std::string_view> nonEmptyPieces(std::string_view text, char separator) {
     std::vector<std::string_view> pieces;
     while (!text.empty()) {
@@ -104,7 +69,7 @@ bool hasDuration(const TimelinePoint& point) {
 }
 
 /// The point as the interval sees it, or nothing when it lies outside.
-std::optional<TimelinePoint> clipped(const TimelinePoint& point, Interval interval) {
+std::optional<TimelinePoint> clipped(const TimelinePoint& point, DateInterval interval) {
     if (!(interval.start < interval.end)) {
         return std::nullopt;
     }
@@ -123,12 +88,12 @@ std::optional<TimelinePoint> clipped(const TimelinePoint& point, Interval interv
     return copy;
 }
 
-/// The days found so far, keyed by local day.
+/// The days found so far, keyed by the instant each starts.
 class DayCollector {
   public:
-    void add(const CalendarDay& day, Instant first, Instant last) {
-        const auto [entry, inserted] = m_days.try_emplace(day.day.time_since_epoch().count(),
-                                                          PlaceDay{day.start, first, last, 1});
+    void add(Instant day, Instant first, Instant last) {
+        const auto [entry, inserted] =
+            m_days.try_emplace(day.secondsSinceReference(), PlaceDay{day, first, last, 1});
         if (!inserted) {
             auto& record = entry->second;
             record.first = std::min(record.first, first);
@@ -149,23 +114,22 @@ class DayCollector {
     }
 
   private:
-    std::unordered_map<int, PlaceDay> m_days;
+    std::unordered_map<double, PlaceDay> m_days;
 };
 
-/// Records the evidence from `start` to `end` on every day it touches; an end
-/// exactly at midnight stays on the earlier day.
-void addEvidence(DayCollector& collector, const ZonedCalendar& calendar, CalendarDay day,
+/// Records the evidence from `start` to `end` on every day it touches, from the
+/// day starting at `day` on; an end exactly at midnight stays on the earlier day.
+void addEvidence(DayCollector& collector, const TimelineCalendar& calendar, Instant day,
                  Instant start, Instant end, const std::stop_token& stop) {
     do {
         throwIfCancelled(stop);
-        const auto nextDay = day.day + date::days(1);
-        const auto next = calendar.start(nextDay);
+        const auto next = calendar.startOfNextDay(day);
         if (!next) {
             return;
         }
-        collector.add(day, std::max(start, day.start), std::min(end, *next));
-        day = CalendarDay{nextDay, *next};
-    } while (day.start < end);
+        collector.add(day, std::max(start, day), std::min(end, *next));
+        day = *next;
+    } while (day < end);
 }
 
 bool isSearchable(PlaceCoordinate centre, double radius) {
@@ -185,8 +149,8 @@ std::optional<PlaceCoordinate> coordinate(std::string_view text) {
     if (pieces.size() != 2) {
         return std::nullopt;
     }
-    const auto latitude = parseFiniteNumber(trimmedBlanks(pieces[0]));
-    const auto longitude = parseFiniteNumber(trimmedBlanks(pieces[1]));
+    const auto latitude = parseFiniteNumber(trimmedWhitespace(pieces[0]));
+    const auto longitude = parseFiniteNumber(trimmedWhitespace(pieces[1]));
     if (!latitude || !longitude || std::abs(*latitude) > 90 || std::abs(*longitude) > 180) {
         return std::nullopt;
     }
@@ -194,8 +158,8 @@ std::optional<PlaceCoordinate> coordinate(std::string_view text) {
 }
 
 std::vector<TimelinePoint> select(std::span<const TimelinePoint> points,
-                                  std::optional<Interval> interval, bool visits, bool activities,
-                                  std::stop_token stop) {
+                                  std::optional<DateInterval> interval, bool visits,
+                                  bool activities, std::stop_token stop) {
     std::vector<TimelinePoint> selected;
     for (std::size_t i = 0; i < points.size(); ++i) {
         if (i % selectStride == 0) {
@@ -220,8 +184,7 @@ std::vector<PlaceDay> days(PlaceCoordinate centre, double radius,
     if (!isSearchable(centre, radius)) {
         return {};
     }
-    const ZonedCalendar calendar(zone, ZonedCalendar::monday);
-    DayFinder finder(calendar);
+    const TimelineCalendar calendar(&zone);
     DayCollector collector;
     const Origin origin(centre);
     // Most points lie farther north or south than the radius reaches; the band
@@ -240,9 +203,9 @@ std::vector<PlaceDay> days(PlaceCoordinate centre, double radius,
         }
         const Instant start = point.time;
         const Instant end = hasDuration(point) ? *point.endTime : start;
-        const auto day = finder.dayContaining(start);
+        const auto day = calendar.startOfDay(start);
         // The walk needs a calendar day at the end too, or an endless visit never stops.
-        if (!day || (end != start && !calendar.day(end))) {
+        if (!day || (end != start && !calendar.startOfDay(end))) {
             continue;
         }
         addEvidence(collector, calendar, *day, start, end, stop);

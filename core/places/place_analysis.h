@@ -7,6 +7,7 @@
 // `CancellationError`.
 
 #include "core/base/instant.h"
+#include "core/timeline/timeline_calendar.h"
 #include "core/timeline/timeline_point.h"
 
 #include <cstdint>
@@ -42,13 +43,6 @@ struct PlaceDay {
 
 namespace PlaceAnalysis {
 
-/// The time interval a search is narrowed to: from `start` inclusive to `end`
-/// exclusive. One that does not end after it starts selects nothing.
-struct Interval {
-    Instant start;
-    Instant end;
-};
-
 /// Great-circle distance in metres (haversine, mean Earth radius 6,371,008.8 m).
 double distance(PlaceCoordinate a, PlaceCoordinate b);
 
@@ -59,12 +53,14 @@ double distance(PlaceCoordinate a, PlaceCoordinate b);
 std::optional<PlaceCoordinate> coordinate(std::string_view text);
 
 /// The points a search considers, in input order: paths always; visits and
-/// activities when wanted; with an interval only those inside it, where a visit
-/// with a duration counts when it overlaps and comes back clipped to the interval.
+/// activities when wanted; with an interval only those inside it (start
+/// included, end not; an interval that does not end after it starts selects
+/// nothing), where a visit with a duration counts when it overlaps and comes
+/// back clipped to the interval.
 /// Throws `CancellationError` when stopped.
 std::vector<TimelinePoint> select(std::span<const TimelinePoint> points,
-                                  std::optional<Interval> interval, bool visits, bool activities,
-                                  std::stop_token stop = {});
+                                  std::optional<DateInterval> interval, bool visits,
+                                  bool activities, std::stop_token stop = {});
 
 /// The days of `zone` with points within `radius` metres of `centre` (a point
 /// exactly at the radius counts), newest first. A visit is evidence on every day

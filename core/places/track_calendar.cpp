@@ -1,5 +1,7 @@
 #include "core/places/track_calendar.h"
 
+#include "core/timeline/timeline_calendar.h"
+
 namespace trackloom::TrackCalendar {
 
 ZonedCalendar calendar(const date::time_zone& zone, int firstWeekday) {
@@ -29,18 +31,17 @@ std::vector<Instant> monthGrid(Instant instant, const date::time_zone& zone, int
 
 std::map<Instant, std::int64_t> pointCounts(std::span<const Instant> instants,
                                             const date::time_zone& zone) {
-    const auto cal = calendar(zone, ZonedCalendar::monday);
-    DayFinder finder(cal);
+    const TimelineCalendar days(&zone);
     std::map<Instant, std::int64_t> counts;
     auto current = counts.end();
     for (const auto instant : instants) {
-        const auto day = finder.dayContaining(instant);
-        if (!day) {
+        const auto start = days.startOfDay(instant);
+        if (!start) {
             continue;
         }
         // Histories come sorted, so most instants land on the day before them.
-        if (current == counts.end() || current->first != day->start) {
-            current = counts.try_emplace(day->start, 0).first;
+        if (current == counts.end() || current->first != *start) {
+            current = counts.try_emplace(*start, 0).first;
         }
         ++current->second;
     }

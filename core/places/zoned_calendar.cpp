@@ -86,24 +86,4 @@ int ZonedCalendar::weekday(date::local_days day) {
     return static_cast<int>(date::weekday(day).c_encoding()) + 1;
 }
 
-std::optional<CalendarDay> DayFinder::dayContaining(Instant instant) {
-    const auto seconds = wholeSeconds(instant);
-    if (!seconds) {
-        return std::nullopt;
-    }
-    if (!(*seconds >= m_period.begin && *seconds < m_period.end)) {
-        m_period = m_calendar.zone().get_info(*seconds);
-    }
-    const auto day =
-        date::floor<date::days>(date::local_seconds(seconds->time_since_epoch() + m_period.offset));
-    if (!m_last || m_last->day != day) {
-        const auto start = m_calendar.start(day);
-        if (!start) {
-            return std::nullopt;
-        }
-        m_last = CalendarDay{day, *start};
-    }
-    return m_last;
-}
-
 } // namespace trackloom

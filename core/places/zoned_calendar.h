@@ -6,6 +6,8 @@
 // skips midnight, in which case it is the first instant that exists that day.
 //
 // The zone is resolved by the caller, once; nothing here looks a zone up by name.
+// This calendar answers the date pickers' questions (weeks, wall-clock times);
+// passes over many points find their days with `TimelineCalendar`, which caches.
 
 #include "core/base/instant.h"
 
@@ -54,28 +56,6 @@ class ZonedCalendar {
   private:
     const date::time_zone* m_zone;
     int m_firstWeekday;
-};
-
-/// The local day of an instant together with the instant at which it starts.
-struct CalendarDay {
-    date::local_days day;
-    Instant start;
-};
-
-/// Finds the days of many instants in one pass. It remembers the zone's offset
-/// period and the last day it found, so that a run of nearby instants (a sorted
-/// history) costs no zone lookups at all. One per call and thread.
-class DayFinder {
-  public:
-    explicit DayFinder(const ZonedCalendar& calendar) : m_calendar(calendar) {}
-
-    /// The day containing `instant`; absent where `ZonedCalendar::day` would be.
-    std::optional<CalendarDay> dayContaining(Instant instant);
-
-  private:
-    const ZonedCalendar& m_calendar;
-    date::sys_info m_period{};
-    std::optional<CalendarDay> m_last;
 };
 
 } // namespace trackloom

@@ -53,15 +53,31 @@ class GPXTrack : public std::enable_shared_from_this<GPXTrack> {
     std::optional<Instant> start() const;
     /// Time of the last point that has one.
     std::optional<Instant> end() const;
-    /// The serialised document, exactly as it stands.
+    /// The serialised document, exactly as it stands: for a UTF-8 file its bytes.
     std::string data() const;
 
-    /// A deep copy of the document to edit, with its root. Throws `GPXError`.
+    /// A deep copy of the document to edit, with its root, declared UTF-8. Throws
+    /// `GPXError` when the copy has no root.
     struct EditableCopy {
         xml::Document document;
         xml::Element root;
     };
     EditableCopy editableCopy() const;
+
+    /// A point element of a document copy, with the index of its `rte` among the
+    /// routes (absent for a `trkpt`).
+    struct PointNode {
+        xml::Element element;
+        std::optional<std::int64_t> route;
+    };
+    /// The point elements under `root` (a copy of this track's document) in
+    /// reading order, so that position i holds the point whose id is i.
+    std::vector<PointNode> pointNodes(xml::Element root) const;
+
+    /// A new track holding only the segment `segmentID`: other segments, tracks
+    /// left empty, other routes, waypoints and bounding boxes are dropped, all
+    /// else is kept. Throws `GPXError` for an unknown id or an unreadable result.
+    TrackPtr exportingSegment(std::int64_t segmentID) const;
 
     /// The same track without its detected straight-line routes (this very track
     /// when it has none). Throws `GPXError`.

@@ -26,6 +26,9 @@ class CommandRegistry {
 };
 
 void addGpxCommands(CLI::App& app, CommandRegistry& registry);
+/// Adds the writing commands to the `gpx` group (call after `addGpxCommands`).
+void addGpxWriteCommands(CLI::App& app, CommandRegistry& registry);
+void addGpxEditCommands(CLI::App& app, CommandRegistry& registry);
 void addTimelineCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli

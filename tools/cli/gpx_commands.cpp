@@ -1,18 +1,13 @@
-#include "core/base/file_io.h"
 #include "core/base/json_writer.h"
 #include "core/track/gpx_track.h"
+#include "tools/cli/cli_support.h"
 #include "tools/cli/command_registry.h"
 #include "tools/cli/track_json.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace trackloom::cli {
 namespace {
-
-TrackPtr openTrack(const std::string& path) {
-    return GPXTrack::read(readFileBytes(path), std::filesystem::path(path).filename().string());
-}
 
 void addInfo(CLI::App& gpx, CommandRegistry& registry) {
     struct Arguments {

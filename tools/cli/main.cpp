@@ -9,6 +9,8 @@ int main(int argc, char** argv) {
     app.require_subcommand(1);
     CommandRegistry registry;
     addGpxCommands(app, registry);
+    addGpxWriteCommands(app, registry);
+    addGpxEditCommands(app, registry);
     addTimelineCommands(app, registry);
     try {
         app.parse(argc, argv);

@@ -1,10 +1,14 @@
 #include "core/base/xml/xml_document.h"
 
+#include "core/base/xml/xml_internal.h"
+#include "core/base/xml/xml_layout.h"
+
 #include <libxml/tree.h>
 
 namespace trackloom::xml {
 
 void Document::Free::operator()(_xmlDoc* doc) const {
+    detail::releaseLayout(doc);
     xmlFreeDoc(doc);
 }
 
@@ -14,7 +18,9 @@ Document& Document::operator=(Document&&) noexcept = default;
 Document::~Document() = default;
 
 Document Document::copy() const {
-    return Document(xmlCopyDoc(m_doc.get(), 1));
+    Document copied(xmlCopyDoc(m_doc.get(), 1));
+    detail::copyDocumentSpans(m_doc.get(), copied.m_doc.get());
+    return copied;
 }
 
 std::optional<Element> Document::root() const {
@@ -31,12 +37,7 @@ void Document::setEncoding(std::string_view encoding) {
 }
 
 std::string Document::serialize() const {
-    xmlChar* buffer = nullptr;
-    int size = 0;
-    xmlDocDumpFormatMemoryEnc(m_doc.get(), &buffer, &size, "UTF-8", 0);
-    std::string bytes(reinterpret_cast<const char*>(buffer), static_cast<std::size_t>(size));
-    xmlFree(buffer);
-    return bytes;
+    return serializeDocument(m_doc.get());
 }
 
 Element Document::createElement(std::string_view localName, std::string_view namespaceURI,

@@ -96,6 +96,9 @@ class Element {
     _xmlNode* m_node;
 };
 
+/// `text` escaped for use as element content (`&`, `<`, `>` and carriage returns).
+std::string escapedText(std::string_view text);
+
 /// An owned XML document.
 class Document {
   public:
@@ -111,9 +114,13 @@ class Document {
     /// A deep copy of the whole document.
     Document copy() const;
     std::optional<Element> root() const;
-    /// Declares the document's character encoding as written on output.
+    /// Records the document's character encoding. Output is UTF-8 whatever it says:
+    /// a document read in another encoding was converted when parsed.
     void setEncoding(std::string_view encoding);
-    /// The document as UTF-8 bytes.
+    /// The document as UTF-8 bytes: every node not changed since parsing exactly
+    /// as it was read (quoting, whitespace, references, empty-element form, the
+    /// declaration and a byte-order mark), changed and created ones generated.
+    /// A document read in another encoding is written as UTF-8, declared so.
     std::string serialize() const;
 
     /// A new element in the namespace with this URI, not yet linked. A declaration
@@ -123,6 +130,7 @@ class Document {
                           std::string_view prefix, Element scope);
 
   private:
+    friend class Element;
     struct Free {
         void operator()(_xmlDoc* doc) const;
     };

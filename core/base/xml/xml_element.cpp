@@ -1,4 +1,5 @@
 #include "core/base/xml/xml_document.h"
+#include "core/base/xml/xml_layout.h"
 
 #include <cstring>
 #include <libxml/tree.h>
@@ -140,6 +141,7 @@ std::optional<Element> Element::parent() const {
 void Element::setText(std::string_view text) {
     const std::string value(text);
     xmlChar* escaped = xmlEncodeSpecialChars(m_node->doc, asXml(value));
+    detail::markDirty(m_node);
     xmlNodeSetContent(m_node, escaped);
     xmlFree(escaped);
 }
@@ -147,39 +149,50 @@ void Element::setText(std::string_view text) {
 void Element::setAttribute(std::string_view name, std::string_view value) {
     const std::string key(name);
     const std::string text(value);
+    detail::markTagChanged(m_node);
     xmlSetNsProp(m_node, nullptr, asXml(key), asXml(text));
 }
 
 void Element::setLocalName(std::string_view localName) {
     const std::string name(localName);
+    detail::markTagChanged(m_node);
     xmlNodeSetName(m_node, asXml(name));
 }
 
 void Element::remove() {
+    detail::markDirty(m_node->parent);
     xmlUnlinkNode(m_node);
     xmlFreeNode(m_node);
     m_node = nullptr;
 }
 
 void Element::detach() {
+    detail::markDirty(m_node->parent);
     xmlUnlinkNode(m_node);
 }
 
 void Element::appendChild(Element child) {
+    detail::markDirty(child.m_node->parent);
+    detail::markDirty(m_node);
     xmlAddChild(m_node, child.m_node);
 }
 
 void Element::insertBefore(Element sibling) {
+    detail::markDirty(sibling.m_node->parent);
+    detail::markDirty(m_node->parent);
     xmlAddPrevSibling(m_node, sibling.m_node);
 }
 
 void Element::insertAfter(Element sibling) {
+    detail::markDirty(sibling.m_node->parent);
+    detail::markDirty(m_node->parent);
     xmlAddNextSibling(m_node, sibling.m_node);
 }
 
 Element Element::copyInto(Document& document) const {
-    auto root = document.root();
-    return Element(xmlDocCopyNode(m_node, root ? root->node()->doc : nullptr, 1));
+    xmlNodePtr copy = xmlDocCopyNode(m_node, document.m_doc.get(), 1);
+    detail::copySpans(m_node, copy);
+    return Element(copy);
 }
 
 } // namespace trackloom::xml

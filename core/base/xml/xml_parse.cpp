@@ -4,6 +4,7 @@
 
 #include "core/base/xml/xml_document.h"
 #include "core/base/xml/xml_internal.h"
+#include "core/base/xml/xml_layout.h"
 
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
@@ -88,9 +89,10 @@ Document Document::parse(std::string_view bytes) {
     context->sax->serror = recordError;
     context->sax->internalSubset = stopAtDocumentType;
 
-    const char* data = bytes.empty() ? "" : bytes.data();
-    xmlDocPtr doc = xmlCtxtReadMemory(context.get(), data, static_cast<int>(bytes.size()), nullptr,
-                                      nullptr, parseOptions());
+    auto source = sourceTextOf(bytes);
+    const auto text = std::make_shared<const std::string>(std::move(source.text));
+    xmlDocPtr doc = xmlCtxtReadMemory(context.get(), text->c_str(), static_cast<int>(text->size()),
+                                      nullptr, nullptr, parseOptions());
     Document document(doc);
     if (state.documentType) {
         throw ParseError(ParseError::Kind::documentType, "document type declaration");
@@ -101,6 +103,9 @@ Document Document::parse(std::string_view bytes) {
             description = "Document is empty";
         }
         throw ParseError(ParseError::Kind::syntax, description);
+    }
+    if (source.faithful) {
+        detail::recordLayout(doc, text);
     }
     return document;
 }

@@ -79,7 +79,7 @@ TEST(PlaceSelect, KindFlagsDropVisitsAndActivitiesButNeverPaths) {
 }
 
 TEST(PlaceSelect, IntervalIsHalfOpenAndClipsOverlappingVisits) {
-    const PlaceAnalysis::Interval interval{at("2024-05-01T10:00:00Z"), at("2024-05-01T12:00:00Z")};
+    const DateInterval interval{at("2024-05-01T10:00:00Z"), at("2024-05-01T12:00:00Z")};
     const std::vector points{point(1, TimelinePointKind::path, "2024-05-01T10:00:00Z"),
                              point(2, TimelinePointKind::path, "2024-05-01T12:00:00Z"),
                              visit(3, "2024-05-01T09:00:00Z", "2024-05-01T11:00:00Z"),
@@ -95,7 +95,7 @@ TEST(PlaceSelect, IntervalIsHalfOpenAndClipsOverlappingVisits) {
     EXPECT_EQ(selected[2].id, 5);
     EXPECT_EQ(selected[2].endTime, at("2024-05-01T12:00:00Z"));
 
-    const PlaceAnalysis::Interval empty{interval.start, interval.start};
+    const DateInterval empty{interval.start, interval.start};
     EXPECT_TRUE(PlaceAnalysis::select(points, empty, true, true).empty());
 }
 

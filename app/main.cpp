@@ -1,0 +1,71 @@
+// trackloom: the desktop application. This is where the shell, the tile source
+// and the workspaces are put together once for the life of the process.
+
+#include "app/map/tile_source.h"
+#include "app/shell/launch_options.h"
+#include "app/shell/main_window.h"
+#include "app/shell/native_dialogs.h"
+#include "app/shell/screenshot.h"
+#include "app/shell/translation.h"
+
+#include <QApplication>
+#include <QSettings>
+#include <cstdio>
+
+using namespace trackloom;
+
+namespace {
+
+int printAndExit(const LaunchExit& exit) {
+    std::fputs(qPrintable(exit.text + '\n'), exit.status == 0 ? stdout : stderr);
+    return exit.status;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const bool screenshot = wantsScreenshot(argc, argv);
+    if (screenshot) {
+        // Screenshots are for machines without a display; they never need one.
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Trackloom"));
+    QApplication::setApplicationName(QStringLiteral("Trackloom"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Trackloom"));
+    QApplication::setApplicationVersion(QStringLiteral(TRACKLOOM_VERSION));
+    installTranslations(application, QLocale::system());
+
+    const auto parsed = parseLaunchOptions(QApplication::arguments());
+    if (const auto* exit = std::get_if<LaunchExit>(&parsed)) {
+        return printAndExit(*exit);
+    }
+    const auto& options = std::get<LaunchOptions>(parsed);
+
+    QSettings store;
+    AppSettings settings(store);
+    NativeDialogs dialogs(settings);
+    // A screenshot shows the map without tiles rather than depending on the network.
+    TileSource tiles(screenshot ? QString() : settings.tileURLTemplate(),
+                     AppSettings::tileCacheFolder(),
+                     screenshot ? nullptr : std::make_unique<NetworkTileFetcher>());
+    MainWindow window(settings, dialogs, tiles);
+    dialogs.setParentWindow(&window);
+
+    window.openFiles(options.files);
+    if (options.screenshotPath) {
+        if (options.files.isEmpty()) {
+            for (Workspace* workspace : window.workspaces()) {
+                if (workspace->openSample()) {
+                    window.activateWorkspace(workspace);
+                    break;
+                }
+            }
+        }
+        const auto error = writeScreenshot(window, options.screenshotSize, *options.screenshotPath,
+                                           [&window] { return window.isBusy(); });
+        return error ? printAndExit({*error, 2}) : 0;
+    }
+    window.show();
+    return QApplication::exec();
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+// Point markers: the timeline's points, the selection, points waiting to be
+// inserted. Where more markers would fall into the view than can be told apart,
+// only one marker per few pixels is drawn; hit tests still see every point.
+
+#include "app/map/map_overlay.h"
+
+#include <QColor>
+#include <vector>
+
+namespace trackloom {
+
+struct MarkerStyle {
+    QColor fill;
+    QColor stroke;
+    double radius = 4;
+    double strokeWidth = 1.5;
+
+    /// Small blue dots for plain points.
+    static MarkerStyle point();
+    /// Larger orange rings that stand out above plain points.
+    static MarkerStyle selection();
+    /// Hollow markers for points that are not yet part of the track.
+    static MarkerStyle pending();
+};
+
+class PointsOverlay : public MapOverlay {
+  public:
+    explicit PointsOverlay(MarkerStyle style = MarkerStyle::point());
+
+    /// Replaces the points; hits report a point's position in this list as `index`.
+    void setPoints(const std::vector<Coordinate>& coordinates);
+    /// Moves one point, as while it is being dragged.
+    void movePoint(std::size_t index, const Coordinate& coordinate);
+    std::size_t size() const { return m_points.size(); }
+
+    void paint(QPainter& painter, const MapViewport& viewport) const override;
+    std::optional<MapHit> hitTest(const MapViewport& viewport, QPointF position,
+                                  double tolerance) const override;
+
+  private:
+    MarkerStyle m_style;
+    std::vector<MapPoint> m_points;
+};
+
+} // namespace trackloom

@@ -1,0 +1,74 @@
+#include "app/shell/app_settings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace trackloom {
+namespace {
+
+const QString tileKey = QStringLiteral("map/tileURLTemplate");
+const QString geometryKey = QStringLiteral("window/geometry");
+const QString stateKey = QStringLiteral("window/state");
+const QString folderKey = QStringLiteral("dialogs/lastFolder");
+
+} // namespace
+
+QString AppSettings::defaultTileURLTemplate() {
+    return QStringLiteral("https://tile.openstreetmap.org/{z}/{x}/{y}.png");
+}
+
+std::optional<QString> AppSettings::tileURLTemplateError(const QString& urlTemplate) {
+    if (urlTemplate.isEmpty()) {
+        return std::nullopt;
+    }
+    const QUrl url(urlTemplate);
+    const bool web = url.isValid() && (url.scheme() == QLatin1String("https") ||
+                                       url.scheme() == QLatin1String("http"));
+    const bool complete = urlTemplate.contains(QLatin1String("{z}")) &&
+                          urlTemplate.contains(QLatin1String("{x}")) &&
+                          urlTemplate.contains(QLatin1String("{y}"));
+    if (web && complete && !url.host().isEmpty()) {
+        return std::nullopt;
+    }
+    return QCoreApplication::translate("trackloom",
+                                       "Die Kachel-Adresse muss mit http:// oder https:// beginnen "
+                                       "und {z}, {x} und {y} enthalten.");
+}
+
+QString AppSettings::tileCacheFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::CacheLocation) +
+           QStringLiteral("/tiles");
+}
+
+QString AppSettings::tileURLTemplate() const {
+    return m_store.value(tileKey, defaultTileURLTemplate()).toString();
+}
+
+void AppSettings::setTileURLTemplate(const QString& urlTemplate) {
+    m_store.setValue(tileKey, urlTemplate);
+}
+
+QByteArray AppSettings::windowGeometry() const {
+    return m_store.value(geometryKey).toByteArray();
+}
+
+QByteArray AppSettings::windowState() const {
+    return m_store.value(stateKey).toByteArray();
+}
+
+void AppSettings::setWindowLayout(const QByteArray& geometry, const QByteArray& state) {
+    m_store.setValue(geometryKey, geometry);
+    m_store.setValue(stateKey, state);
+}
+
+QString AppSettings::lastFolder() const {
+    return m_store.value(folderKey, QDir::homePath()).toString();
+}
+
+void AppSettings::setLastFolder(const QString& folder) {
+    m_store.setValue(folderKey, folder);
+}
+
+} // namespace trackloom

@@ -1,0 +1,44 @@
+#pragma once
+
+// The application's own entries in the user's settings store. Workspaces keep
+// their entries ("colorBySpeed", "removeAirRoutes") in the same store under
+// their own keys, through `store()`.
+
+#include <QByteArray>
+#include <QSettings>
+#include <QString>
+#include <optional>
+
+namespace trackloom {
+
+class AppSettings {
+  public:
+    /// The standard OpenStreetMap tiles.
+    static QString defaultTileURLTemplate();
+    /// Why `urlTemplate` cannot serve tiles, or nothing when it can (an empty
+    /// template is valid: it means working offline).
+    static std::optional<QString> tileURLTemplateError(const QString& urlTemplate);
+    /// The platform's cache folder for map tiles.
+    static QString tileCacheFolder();
+
+    explicit AppSettings(QSettings& store) : m_store(store) {}
+
+    QSettings& store() { return m_store; }
+
+    /// The stored template, the OpenStreetMap default when none was ever stored.
+    QString tileURLTemplate() const;
+    void setTileURLTemplate(const QString& urlTemplate);
+
+    QByteArray windowGeometry() const;
+    QByteArray windowState() const;
+    void setWindowLayout(const QByteArray& geometry, const QByteArray& state);
+
+    /// The folder the open and save dialogs start in.
+    QString lastFolder() const;
+    void setLastFolder(const QString& folder);
+
+  private:
+    QSettings& m_store;
+};
+
+} // namespace trackloom

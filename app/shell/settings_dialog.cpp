@@ -1,0 +1,67 @@
+#include "app/shell/settings_dialog.h"
+
+#include "app/map/tile_source.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QFormLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace trackloom {
+
+SettingsDialog::SettingsDialog(AppSettings& settings, TileSource& tiles, QWidget* parent)
+    : QDialog(parent), m_settings(settings), m_tiles(tiles) {
+    setWindowTitle(tr("Einstellungen"));
+    const QString current = m_settings.tileURLTemplate();
+    m_template = new QLineEdit(current.isEmpty() ? AppSettings::defaultTileURLTemplate() : current);
+    m_template->setMinimumWidth(420);
+    m_offline = new QCheckBox(tr("Ohne Kartenmaterial arbeiten (keine Verbindung ins Netz)"));
+    m_offline->setChecked(current.isEmpty());
+    connect(m_offline, &QCheckBox::toggled, m_template, &QWidget::setDisabled);
+    m_template->setDisabled(current.isEmpty());
+    auto* reset = new QPushButton(tr("Standard"));
+    connect(reset, &QPushButton::clicked, this,
+            [this] { m_template->setText(AppSettings::defaultTileURLTemplate()); });
+    auto* clearCache = new QPushButton(tr("Zwischenspeicher leeren"));
+    connect(clearCache, &QPushButton::clicked, this, [this] { m_tiles.clearDiskCache(); });
+    m_error = new QLabel;
+    m_error->setStyleSheet(QStringLiteral("color: #b00020"));
+    m_error->setWordWrap(true);
+
+    auto* form = new QFormLayout;
+    form->addRow(tr("Kachel-Adresse"), m_template);
+    form->addRow(QString(), reset);
+    form->addRow(QString(), m_offline);
+    form->addRow(tr("Kartenkacheln"), clearCache);
+    auto* note = new QLabel(tr("Kartenmaterial kommt von OpenStreetMap. Verläufe und Tracks "
+                               "bleiben auf diesem Rechner."));
+    note->setWordWrap(true);
+    auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
+    connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(form);
+    layout->addWidget(note);
+    layout->addWidget(m_error);
+    layout->addWidget(buttons);
+}
+
+QString SettingsDialog::chosenTemplate() const {
+    return m_offline->isChecked() ? QString() : m_template->text().trimmed();
+}
+
+void SettingsDialog::accept() {
+    const QString chosen = chosenTemplate();
+    if (const auto error = AppSettings::tileURLTemplateError(chosen)) {
+        m_error->setText(*error);
+        return;
+    }
+    m_settings.setTileURLTemplate(chosen);
+    m_tiles.setUrlTemplate(chosen);
+    QDialog::accept();
+}
+
+} // namespace trackloom

@@ -1,0 +1,84 @@
+#pragma once
+
+// Where every node of a document stood in the bytes it was parsed from, so that
+// serialising writes untouched nodes exactly as they were read.
+//
+// Each node's `_private` points to its `Span`; the document's `_private` owns the
+// `Layout` that holds the spans and the source bytes they refer to. Deep copies
+// take the spans along (a copied node still refers to the bytes it came from),
+// and every edit through `Element` marks what it changed, so the serialiser copies
+// recorded bytes where nothing changed and generates markup only for the rest.
+// A node without a span (created, or from a document whose layout could not be
+// recorded) is always generated.
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct _xmlDoc;
+struct _xmlNode;
+
+namespace trackloom::xml::detail {
+
+struct Span {
+    /// Byte offsets into the source: the node is [begin, end); for an element
+    /// the start tag is [begin, openEnd) and openEnd == end means `<a/>` form.
+    std::uint32_t begin = 0;
+    std::uint32_t openEnd = 0;
+    std::uint32_t end = 0;
+    /// Index of the source bytes in the owning `Layout`.
+    std::uint32_t source = 0;
+    /// How many of the element's namespace declarations its start tag holds;
+    /// a copy may carry more, added so that it stays meaningful on its own.
+    std::uint16_t declaredNamespaces = 0;
+    /// The element's name or attributes changed: its tags must be generated.
+    bool tagChanged = false;
+    /// Something inside the node changed: its bytes cannot be copied as a whole.
+    /// Always set on every ancestor of a changed node as well.
+    bool dirty = false;
+};
+
+class Layout {
+  public:
+    /// The index of `bytes` among the sources, adding it when new.
+    std::uint32_t sourceIndex(const std::shared_ptr<const std::string>& bytes);
+    std::string_view source(std::uint32_t index) const { return *m_sources[index]; }
+    const std::shared_ptr<const std::string>& sharedSource(std::uint32_t index) const {
+        return m_sources[index];
+    }
+    /// Storage for `count` spans whose addresses stay valid as long as the layout.
+    std::vector<Span>& newBlock(std::size_t count);
+
+  private:
+    std::vector<std::shared_ptr<const std::string>> m_sources;
+    std::vector<std::vector<Span>> m_blocks;
+};
+
+/// The span of a node, or null (always null for the document node itself).
+Span* spanOf(const _xmlNode* node);
+/// The layout a document owns, or null.
+Layout* layoutOf(const _xmlDoc* doc);
+/// The document's layout, created when it has none yet.
+Layout& ensureLayout(_xmlDoc* doc);
+/// Frees the layout a document owns (before the document itself is freed).
+void releaseLayout(_xmlDoc* doc);
+
+/// Records the spans of a freshly parsed document from its source `bytes` (the
+/// UTF-8 text it was parsed from). Leaves every node without a span when the
+/// tree and the bytes do not line up.
+void recordLayout(_xmlDoc* doc, std::shared_ptr<const std::string> bytes);
+
+/// Gives the nodes of `copy` (a deep copy of `original`, which may belong to
+/// another document) the spans of their originals.
+void copySpans(const _xmlNode* original, _xmlNode* copy);
+/// The same for all top-level nodes of a copied document.
+void copyDocumentSpans(const _xmlDoc* original, _xmlDoc* copy);
+
+/// Marks `node` and its ancestors as no longer matching their bytes as a whole.
+void markDirty(_xmlNode* node);
+/// Marks an element whose name or attributes changed.
+void markTagChanged(_xmlNode* element);
+
+} // namespace trackloom::xml::detail

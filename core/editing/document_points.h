@@ -1,0 +1,27 @@
+#pragma once
+
+// What every track operation needs between taking an editable copy and reading
+// the result back: the copy's point elements in the order of the track's points,
+// and a read-back that keeps the track's air routes recognised.
+
+#include "core/track/gpx_track.h"
+
+#include <vector>
+
+namespace trackloom {
+
+/// The point elements under `root` in reading order (every trkpt of every trkseg
+/// of every trk, then every rtept of every rte), looked up in `namespaceURI`; the
+/// element at position i is the point whose id is i.
+std::vector<xml::Element> pointElements(xml::Element root, std::string_view namespaceURI);
+
+/// The rte elements of the track's air routes in an editable copy of it.
+std::vector<xml::Element> airRouteElements(const GPXTrack& track, xml::Element root);
+
+/// Serialises the edited copy of `track`, frees it and reads the bytes back under
+/// the track's name. The given rte elements of the copy count as air routes at
+/// whatever position the edit left them. Throws the reader's `GPXError`.
+TrackPtr readBack(GPXTrack::EditableCopy copy, const GPXTrack& track,
+                  const std::vector<xml::Element>& airRoutes);
+
+} // namespace trackloom

@@ -1,0 +1,179 @@
+#include "core/editing/editing_session.h"
+
+#include "core/base/gpx_error.h"
+#include "core/editing/point_edits.h"
+#include "core/editing/segment_merging.h"
+#include "core/editing/time_operations.h"
+#include "core/editing/time_transfer.h"
+#include "core/editing/track_append.h"
+
+namespace trackloom {
+namespace {
+
+std::string generatedBy(const GPXTrack& track, const TimingBySpeed& rule) {
+    return generated(track, rule.start, rule.kmh);
+}
+
+std::string generatedBy(const GPXTrack& track, const TimingByEndpoints& rule) {
+    return generated(track, rule.start, rule.end);
+}
+
+} // namespace
+
+GPXEditingSession::GPXEditingSession(TrackPtr source, bool removesAirRoutes)
+    : m_source(source), m_track(removesAirRoutes ? source->removingAirRoutes() : source),
+      m_removesAirRoutes(removesAirRoutes), m_workingSource(std::move(source)) {}
+
+TrackPtr GPXEditingSession::source() const {
+    return m_source ? m_source : unpacked(m_packedSource, "").track;
+}
+
+bool GPXEditingSession::canMerge() const {
+    return sectionsBesideAirRoutes(*m_workingSource) > 1;
+}
+
+TrackPtr GPXEditingSession::rendered(const TrackPtr& source, const std::optional<Timing>& timing,
+                                     bool removesAirRoutes) const {
+    const auto base = removesAirRoutes ? source->removingAirRoutes() : source;
+    if (!timing) {
+        return base;
+    }
+    const auto bytes =
+        std::visit([&](const auto& rule) { return generatedBy(*base, rule); }, *timing);
+    return GPXTrack::read(bytes, base->name());
+}
+
+void GPXEditingSession::setRemovesAirRoutes(bool removesAirRoutes) {
+    m_track = rendered(m_workingSource, m_timing, removesAirRoutes);
+    m_removesAirRoutes = removesAirRoutes;
+}
+
+void GPXEditingSession::generate(Instant start, double speedKMH) {
+    apply(TimingBySpeed{start, speedKMH});
+}
+
+void GPXEditingSession::generate(Instant start, Instant end) {
+    apply(TimingByEndpoints{start, end});
+}
+
+void GPXEditingSession::apply(const Timing& timing) {
+    m_track = rendered(m_workingSource, timing, m_removesAirRoutes);
+    m_timing = timing;
+}
+
+std::int64_t GPXEditingSession::requiredSourceID(std::int64_t displayed) const {
+    const auto id = sourcePointID(*m_workingSource, displayed, m_removesAirRoutes);
+    if (!id) {
+        throw GPXError("Bitte wähle einen Streckenpunkt aus.");
+    }
+    return *id;
+}
+
+void GPXEditingSession::split(std::int64_t displayed, const std::string& firstName,
+                              const std::string& secondName) {
+    commit(splitting(*m_workingSource, requiredSourceID(displayed), firstName, secondName));
+}
+
+void GPXEditingSession::deletePoint(std::int64_t displayed) {
+    commit(removingPoints(*m_workingSource, {requiredSourceID(displayed)}));
+}
+
+void GPXEditingSession::move(std::int64_t displayed, Coordinate to) {
+    commit(movingPoint(*m_workingSource, requiredSourceID(displayed), to));
+}
+
+void GPXEditingSession::insert(const std::vector<Coordinate>& coordinates,
+                               std::int64_t afterDisplayed) {
+    commit(inserting(*m_workingSource, coordinates, requiredSourceID(afterDisplayed)));
+}
+
+void GPXEditingSession::trimStart(std::int64_t displayed) {
+    commit(trimmingBefore(*m_workingSource, requiredSourceID(displayed)));
+}
+
+void GPXEditingSession::trimEnd(std::int64_t displayed) {
+    commit(trimmingAfter(*m_workingSource, requiredSourceID(displayed)));
+}
+
+void GPXEditingSession::mergeSegments() {
+    commit(mergingSegments(*m_workingSource));
+}
+
+void GPXEditingSession::commit(const TrackPtr& newSource) {
+    replaceState(newSource, rendered(newSource, m_timing, m_removesAirRoutes));
+}
+
+void GPXEditingSession::append(const GPXTrack& other) {
+    const auto base = m_timing ? materializingTimes(*m_workingSource, *m_track, m_removesAirRoutes)
+                               : m_workingSource;
+    const auto combined = appending(*base, other);
+    const auto display = m_removesAirRoutes ? combined->removingAirRoutes() : combined;
+    const bool hadTiming = m_timing.has_value();
+    replaceState(combined, display);
+    m_materializedTimes = m_materializedTimes || hadTiming;
+    m_timing.reset();
+}
+
+void GPXEditingSession::replaceState(const TrackPtr& newSource, const TrackPtr& display) {
+    auto newBytes = newSource->data();
+    const auto& oldBytes = workingBytes();
+    Snapshot left{packed(*m_workingSource, oldBytes, newBytes), m_timing, m_materializedTimes};
+    if (m_source) {
+        // The first state left is the opened track itself; from now on it is
+        // only kept as its bytes.
+        m_packedSource = packed(*m_source, oldBytes, "");
+        m_source.reset();
+    }
+    m_undoStack.push_back(std::move(left));
+    m_redoStack.clear();
+    m_workingSource = newSource;
+    m_workingBytes = std::move(newBytes);
+    m_track = display;
+}
+
+void GPXEditingSession::undo() {
+    step(m_undoStack, m_redoStack);
+}
+
+void GPXEditingSession::redo() {
+    step(m_redoStack, m_undoStack);
+}
+
+void GPXEditingSession::step(std::vector<Snapshot>& from, std::vector<Snapshot>& to) {
+    if (from.empty()) {
+        return;
+    }
+    const auto& target = from.back();
+    const auto& currentBytes = workingBytes();
+    auto restored = unpacked(target.source, currentBytes);
+    auto display = rendered(restored.track, target.timing, m_removesAirRoutes);
+    Snapshot left{packed(*m_workingSource, currentBytes, restored.bytes), m_timing,
+                  m_materializedTimes};
+    m_timing = target.timing;
+    m_materializedTimes = target.materialized;
+    from.pop_back();
+    to.push_back(std::move(left));
+    m_workingSource = std::move(restored.track);
+    m_workingBytes = std::move(restored.bytes);
+    m_track = std::move(display);
+}
+
+const std::string& GPXEditingSession::workingBytes() {
+    if (!m_workingBytes) {
+        m_workingBytes = m_workingSource->data();
+    }
+    return *m_workingBytes;
+}
+
+bool GPXEditingSession::canEdit(std::int64_t displayed) const {
+    const auto id = sourcePointID(*m_workingSource, displayed, m_removesAirRoutes);
+    return id && *id < static_cast<std::int64_t>(m_workingSource->points().size()) &&
+           !m_workingSource->airRoutePointIDs().contains(*id);
+}
+
+bool GPXEditingSession::canInsertAfterDisplayed(std::int64_t displayed) const {
+    const auto id = sourcePointID(*m_workingSource, displayed, m_removesAirRoutes);
+    return id && canInsert(*m_workingSource, *id);
+}
+
+} // namespace trackloom

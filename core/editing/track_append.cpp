@@ -1,0 +1,187 @@
+#include "core/editing/track_append.h"
+
+#include "core/base/gpx_error.h"
+#include "core/editing/document_points.h"
+#include "core/editing/gpx_elements.h"
+#include "core/editing/tree_helpers.h"
+
+#include <algorithm>
+
+namespace trackloom {
+namespace {
+
+constexpr std::string_view joinFailed = "Die Tracks konnten nicht zusammengeführt werden.";
+
+/// The content of one file in the order it goes into the combined root.
+struct Content {
+    std::vector<xml::Element> waypoints;
+    std::vector<xml::Element> airRoutes;
+    std::vector<xml::Element> tracks;
+};
+
+std::string versionOf(xml::Element root, std::string_view namespaceURI) {
+    if (auto version = root.attribute("version")) {
+        return *version;
+    }
+    return namespaceURI.find("1/0") != std::string_view::npos ? "1.0" : "1.1";
+}
+
+bool isAirRoute(const GPXTrack& track, std::int64_t routeIndex) {
+    const auto& routes = track.airRoutes();
+    return std::any_of(routes.begin(), routes.end(),
+                       [&](const AirRoute& route) { return route.id == routeIndex; });
+}
+
+/// Moves an element of the other file into the combined file's namespace and
+/// prefix, with its GPX descendants; extension content keeps its own names.
+void normalize(xml::Element element, std::string_view otherNamespace, xml::Element root) {
+    if (element.namespaceURI() == otherNamespace) {
+        adoptNamespace(element, root);
+    }
+    if (element.localName() == "extensions") {
+        return;
+    }
+    for (const auto& child : element.childElements()) {
+        normalize(child, otherNamespace, root);
+    }
+}
+
+class Combiner {
+  public:
+    Combiner(GPXTrack::EditableCopy& copy, std::string_view namespaceURI)
+        : m_copy(copy), m_namespace(namespaceURI) {}
+
+    /// This file's own content, taken out of the root.
+    Content takeOwn(const GPXTrack& track) {
+        return collect(track, m_copy.root, [](xml::Element element) {
+            element.detach();
+            return element;
+        });
+    }
+
+    /// The other file's content, copied into this document (still in its own
+    /// namespace).
+    Content cloneOther(const GPXTrack& other) {
+        const auto otherRoot = *other.xml().root();
+        declareMissingNamespaces(otherRoot);
+        return collect(other, otherRoot, [&](xml::Element element) {
+            const auto clone = copiedElement(element, m_copy.root);
+            if (!clone) {
+                throw GPXError(joinFailed);
+            }
+            return *clone;
+        });
+    }
+
+    void clearRoot() {
+        for (const auto name : {"wpt", "rte", "trk", "bounds"}) {
+            for (auto child : m_copy.root.children(name, m_namespace)) {
+                child.remove();
+            }
+        }
+        for (const auto& metadata : m_copy.root.children("metadata", m_namespace)) {
+            for (auto bounds : metadata.children("bounds", m_namespace)) {
+                bounds.remove();
+            }
+        }
+    }
+
+    void insert(const std::vector<xml::Element>& elements) {
+        for (const auto& element : elements) {
+            insertBeforeRootExtensions(m_copy.root, element, m_namespace);
+        }
+    }
+
+  private:
+    template <typename Take> Content collect(const GPXTrack& track, xml::Element root, Take take) {
+        const auto& sourceNamespace = track.namespaceURI();
+        Content content;
+        for (const auto& waypoint : root.children("wpt", sourceNamespace)) {
+            content.waypoints.push_back(take(waypoint));
+        }
+        for (const auto& trk : root.children("trk", sourceNamespace)) {
+            content.tracks.push_back(take(trk));
+        }
+        std::int64_t index = 0;
+        for (const auto& route : root.children("rte", sourceNamespace)) {
+            auto taken = take(route);
+            if (isAirRoute(track, index++)) {
+                content.airRoutes.push_back(taken);
+            } else {
+                convertToTrack(taken, sourceNamespace);
+                content.tracks.push_back(taken);
+            }
+        }
+        return content;
+    }
+
+    /// The route becomes a track of one segment holding its points.
+    void convertToTrack(xml::Element route, std::string_view routeNamespace) {
+        auto segment =
+            m_copy.document.createElement("trkseg", m_namespace, m_copy.root.prefix(), m_copy.root);
+        for (auto point : route.children("rtept", routeNamespace)) {
+            point.detach();
+            point.setLocalName("trkpt");
+            segment.appendChild(point);
+        }
+        route.setLocalName("trk");
+        route.appendChild(segment);
+    }
+
+    void declareMissingNamespaces(xml::Element otherRoot) {
+        const auto own = namespaceDeclarations(m_copy.root);
+        for (const auto& [prefix, uri] : namespaceDeclarations(otherRoot)) {
+            const bool declared = std::any_of(own.begin(), own.end(), [&](const auto& existing) {
+                return existing.first == prefix;
+            });
+            if (!declared) {
+                declareNamespace(m_copy.root, prefix, uri);
+            }
+        }
+    }
+
+    GPXTrack::EditableCopy& m_copy;
+    std::string_view m_namespace;
+};
+
+GPXTrack::EditableCopy copyToJoin(const GPXTrack& track) {
+    try {
+        return track.editableCopy();
+    } catch (const GPXError&) {
+        throw GPXError(joinFailed);
+    }
+}
+
+} // namespace
+
+TrackPtr appending(const GPXTrack& track, const GPXTrack& other) {
+    auto copy = copyToJoin(track);
+    const auto otherRoot = other.xml().root();
+    if (!otherRoot) {
+        throw GPXError(joinFailed);
+    }
+    if (versionOf(copy.root, track.namespaceURI()) != versionOf(*otherRoot, other.namespaceURI())) {
+        throw GPXError("Zum Anhängen müssen beide Dateien dieselbe GPX-Version verwenden (1.0 "
+                       "oder 1.1).");
+    }
+    Combiner combiner(copy, track.namespaceURI());
+    const auto own = combiner.takeOwn(track);
+    const auto added = combiner.cloneOther(other);
+    combiner.clearRoot();
+    for (const auto& part : {own.waypoints, added.waypoints, own.airRoutes, added.airRoutes,
+                             own.tracks, added.tracks}) {
+        combiner.insert(part);
+    }
+    // Only once linked can the copies share the root's declarations; then their
+    // GPX elements take this file's namespace and prefix.
+    for (const auto& part : {added.waypoints, added.airRoutes, added.tracks}) {
+        for (const auto& element : part) {
+            reconcileNamespaces(element);
+            normalize(element, other.namespaceURI(), copy.root);
+        }
+    }
+    const auto routes = copy.root.children("rte", track.namespaceURI());
+    return readBack(std::move(copy), track, routes);
+}
+
+} // namespace trackloom

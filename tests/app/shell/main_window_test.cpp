@@ -1,0 +1,181 @@
+#include "app/map/tile_source.h"
+#include "app/shell/main_window.h"
+#include "app/shell/screenshot.h"
+#include "app/shell/shell_menus.h"
+#include "tests/app/support/qt_test_application.h"
+#include "tests/app/support/scripted_dialogs.h"
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+#include <set>
+
+namespace trackloom {
+namespace {
+
+// A workspace that records what the shell asks of it.
+struct RecordingWorkspace : Workspace {
+    QString name;
+    QString suffix;
+    QLabel* screen = nullptr;
+    QAction command{"Probe-Befehl"};
+    std::optional<UnsavedWork> unsaved;
+    bool undoable = false;
+    int undos = 0;
+    int redos = 0;
+    QStringList opened;
+
+    RecordingWorkspace(QString title, QString fileSuffix)
+        : name(std::move(title)), suffix(std::move(fileSuffix)) {}
+
+    QString title() const override { return name; }
+    // The window owns the screen once it is placed.
+    QWidget* view() override {
+        if (!screen) {
+            screen = new QLabel(name);
+        }
+        return screen;
+    }
+    std::vector<WorkspaceCommand> commands() override { return {{ShellMenu::edit, &command}}; }
+    QStringList fileFilters() const override { return {name + " (*." + suffix + ")"}; }
+    bool canOpen(const QString& path) const override { return path.endsWith("." + suffix); }
+    void open(const QString& path) override { opened += path; }
+    bool canUndo() const override { return undoable; }
+    void undo() override { ++undos; }
+    void redo() override { ++redos; }
+    std::optional<UnsavedWork> unsavedWork() const override { return unsaved; }
+};
+
+class MainWindowTest : public testing::ApplicationTest {
+  protected:
+    MainWindowTest()
+        : store(folder.filePath("settings.ini"), QSettings::IniFormat), settings(store),
+          tiles(QString(), QString(), nullptr),
+          window(std::make_unique<MainWindow>(settings, dialogs, tiles)) {}
+
+    // The window takes ownership; the test keeps a handle.
+    RecordingWorkspace* add(QString title, QString suffix) {
+        auto workspace = std::make_unique<RecordingWorkspace>(std::move(title), std::move(suffix));
+        RecordingWorkspace* handle = workspace.get();
+        window->addWorkspace(std::move(workspace));
+        return handle;
+    }
+
+    bool menuHolds(ShellMenu which, const QAction* action) const {
+        return window->menus().menu(which)->actions().contains(const_cast<QAction*>(action));
+    }
+
+    QTemporaryDir folder;
+    QSettings store;
+    AppSettings settings;
+    TileSource tiles;
+    testing::ScriptedDialogs dialogs;
+    std::unique_ptr<MainWindow> window;
+};
+
+TEST_F(MainWindowTest, OffersTheUsualMenusWithPlatformShortcuts) {
+    QStringList titles;
+    for (QAction* menu : window->menuBar()->actions()) {
+        titles += menu->text();
+    }
+    EXPECT_EQ(titles, (QStringList{"Datei", "Bearbeiten", "Darstellung", "Fenster", "Hilfe"}));
+    EXPECT_EQ(window->menus().undoAction()->shortcut(), QKeySequence(QKeySequence::Undo));
+    EXPECT_EQ(window->menus().redoAction()->shortcut(), QKeySequence(QKeySequence::Redo));
+    EXPECT_FALSE(window->menus().undoAction()->isEnabled())
+        << "nothing to undo without a workspace";
+}
+
+TEST_F(MainWindowTest, CommandsAndUndoFollowTheActiveWorkspace) {
+    RecordingWorkspace* editor = add("Track-Editor", "gpx");
+    RecordingWorkspace* timeline = add("Zeitachse", "json");
+    EXPECT_EQ(window->activeWorkspace(), editor) << "the first workspace comes first";
+    EXPECT_TRUE(menuHolds(ShellMenu::edit, &editor->command));
+    EXPECT_FALSE(menuHolds(ShellMenu::edit, &timeline->command));
+
+    editor->undoable = true;
+    emit editor->stateChanged();
+    ASSERT_TRUE(window->menus().undoAction()->isEnabled());
+    window->menus().undoAction()->trigger();
+    EXPECT_EQ(editor->undos, 1);
+
+    window->activateWorkspace(timeline);
+    EXPECT_FALSE(menuHolds(ShellMenu::edit, &editor->command));
+    EXPECT_TRUE(menuHolds(ShellMenu::edit, &timeline->command));
+    EXPECT_FALSE(window->menus().undoAction()->isEnabled());
+    window->menus().undoAction()->trigger();
+    EXPECT_EQ(editor->undos, 1) << "undo never reaches a workspace in the background";
+    EXPECT_EQ(timeline->undos, 0);
+}
+
+TEST_F(MainWindowTest, FilesGoToTheWorkspaceThatReadsThem) {
+    RecordingWorkspace* editor = add("Track-Editor", "gpx");
+    RecordingWorkspace* timeline = add("Zeitachse", "json");
+    window->openFiles({"/tmp/a.json", "/tmp/b.gpx", "/tmp/notes.txt"});
+    EXPECT_EQ(timeline->opened, QStringList{"/tmp/a.json"});
+    EXPECT_EQ(editor->opened, QStringList{"/tmp/b.gpx"});
+    EXPECT_EQ(window->activeWorkspace(), editor);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].second, "Diese Datei kann Trackloom nicht öffnen: notes.txt");
+
+    dialogs.filesToOpen.push_back("/tmp/c.json");
+    window->chooseAndOpenFile();
+    EXPECT_EQ(timeline->opened.size(), 2);
+    EXPECT_TRUE(dialogs.openFilters[0].contains("Zeitachse (*.json)"));
+    EXPECT_TRUE(dialogs.openFilters[0].contains("Track-Editor (*.gpx)"));
+}
+
+TEST_F(MainWindowTest, QuitGuardAsksForEveryWorkspaceWithUnsavedWork) {
+    RecordingWorkspace* editor = add("Track-Editor", "gpx");
+    RecordingWorkspace* timeline = add("Zeitachse", "json");
+    editor->unsaved = UnsavedWork{"Ungesicherte GPX-Bearbeitung", "Noch nicht exportiert."};
+    timeline->unsaved = UnsavedWork{"Ungesicherte Änderungen", "Noch nicht gesichert."};
+    window->show();
+
+    dialogs.confirmations = {true, false};
+    EXPECT_FALSE(window->close());
+    ASSERT_EQ(dialogs.questions.size(), 2u);
+    EXPECT_EQ(dialogs.questions[0].title, "Ungesicherte GPX-Bearbeitung");
+    EXPECT_EQ(dialogs.questions[1].title, "Ungesicherte Änderungen");
+    EXPECT_EQ(dialogs.questions[1].cancelTitle, "Abbrechen");
+    EXPECT_EQ(dialogs.questions[1].acceptTitle, "Änderungen verwerfen");
+    EXPECT_EQ(window->activeWorkspace(), timeline) << "each question shows its workspace";
+
+    dialogs.questions.clear();
+    dialogs.confirmations = {true, true};
+    EXPECT_TRUE(window->close());
+    EXPECT_EQ(dialogs.questions.size(), 2u);
+}
+
+TEST_F(MainWindowTest, QuitsWithoutAskingWhenNothingIsUnsavedAndKeepsTheGeometry) {
+    add("Track-Editor", "gpx");
+    window->resize(900, 640);
+    window->show();
+    EXPECT_TRUE(window->close());
+    EXPECT_TRUE(dialogs.questions.empty());
+
+    MainWindow reopened(settings, dialogs, tiles);
+    EXPECT_EQ(reopened.size(), QSize(900, 640));
+}
+
+TEST_F(MainWindowTest, AScreenshotShowsTheWindow) {
+    add("Track-Editor", "gpx");
+    const QString path = folder.filePath("shot.png");
+    const auto error = writeScreenshot(*window, {800, 600}, path, [] { return false; });
+    ASSERT_FALSE(error) << error->toStdString();
+    const QImage image(path);
+    ASSERT_EQ(image.size(), QSize(800, 600));
+    std::set<QRgb> colours;
+    for (int y = 0; y < image.height(); y += 5) {
+        for (int x = 0; x < image.width(); x += 5) {
+            colours.insert(image.pixel(x, y));
+        }
+    }
+    EXPECT_GT(colours.size(), 8u) << "menus, sidebar and text, not a blank picture";
+
+    EXPECT_TRUE(writeScreenshot(*window, {800, 600}, folder.filePath("missing/shot.png"),
+                                [] { return false; }));
+}
+
+} // namespace
+} // namespace trackloom

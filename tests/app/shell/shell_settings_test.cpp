@@ -1,0 +1,76 @@
+#include "app/shell/app_settings.h"
+#include "app/shell/launch_options.h"
+
+#include <QTemporaryDir>
+#include <gtest/gtest.h>
+
+namespace trackloom {
+namespace {
+
+TEST(AppSettings, TilesComeFromOpenStreetMapUntilTheUserChoosesOtherwise) {
+    QTemporaryDir folder;
+    QSettings store(folder.filePath("settings.ini"), QSettings::IniFormat);
+    AppSettings settings(store);
+    EXPECT_EQ(settings.tileURLTemplate(), "https://tile.openstreetmap.org/{z}/{x}/{y}.png");
+    settings.setTileURLTemplate(QString());
+    EXPECT_EQ(settings.tileURLTemplate(), QString()) << "offline is a choice that is kept";
+}
+
+TEST(AppSettings, RefusesTileAddressesThatCannotServeTiles) {
+    EXPECT_FALSE(AppSettings::tileURLTemplateError(QString()));
+    EXPECT_FALSE(AppSettings::tileURLTemplateError("https://tiles.example.org/{z}/{x}/{y}.png"));
+    EXPECT_FALSE(AppSettings::tileURLTemplateError("http://localhost:8080/{z}/{x}/{y}"));
+    for (const char* bad : {"tiles.example.org/{z}/{x}/{y}.png", "https://example.org/{z}/{x}.png",
+                            "ftp://example.org/{z}/{x}/{y}", "https:///{z}/{x}/{y}"}) {
+        const auto error = AppSettings::tileURLTemplateError(bad);
+        ASSERT_TRUE(error) << bad;
+        EXPECT_EQ(*error, "Die Kachel-Adresse muss mit http:// oder https:// beginnen und {z}, "
+                          "{x} und {y} enthalten.");
+    }
+}
+
+LaunchOptions optionsOf(const QStringList& arguments) {
+    auto parsed = parseLaunchOptions(QStringList{"trackloom"} + arguments);
+    EXPECT_TRUE(std::holds_alternative<LaunchOptions>(parsed)) << arguments.join(' ').toStdString();
+    return std::holds_alternative<LaunchOptions>(parsed) ? std::get<LaunchOptions>(parsed)
+                                                         : LaunchOptions{};
+}
+
+TEST(LaunchOptions, ReadsFilesAndTheScreenshotRequest) {
+    const auto plain = optionsOf({"a.gpx", "b.json"});
+    EXPECT_EQ(plain.files, (QStringList{"a.gpx", "b.json"}));
+    EXPECT_FALSE(plain.screenshotPath);
+
+    const auto shot = optionsOf({"--screenshot", "out.png", "--size", "1024x640", "a.gpx"});
+    EXPECT_EQ(shot.screenshotPath, "out.png");
+    EXPECT_EQ(shot.screenshotSize, QSize(1024, 640));
+    EXPECT_EQ(shot.files, QStringList{"a.gpx"});
+    EXPECT_EQ(optionsOf({"--screenshot=x.png"}).screenshotSize, QSize(1280, 800));
+}
+
+TEST(LaunchOptions, RefusesBadSizesAndUnknownOptions) {
+    for (const QStringList& arguments :
+         {QStringList{"--screenshot", "x.png", "--size", "big"},
+          QStringList{"--screenshot", "x.png", "--size", "100x100"},
+          QStringList{"--size", "800x600"}, QStringList{"--frobnicate"}}) {
+        const auto parsed = parseLaunchOptions(QStringList{"trackloom"} + arguments);
+        ASSERT_TRUE(std::holds_alternative<LaunchExit>(parsed))
+            << arguments.join(' ').toStdString();
+        EXPECT_EQ(std::get<LaunchExit>(parsed).status, 1);
+    }
+    const auto help = parseLaunchOptions({"trackloom", "--help"});
+    ASSERT_TRUE(std::holds_alternative<LaunchExit>(help));
+    EXPECT_EQ(std::get<LaunchExit>(help).status, 0);
+    EXPECT_TRUE(std::get<LaunchExit>(help).text.contains("--screenshot"));
+}
+
+TEST(LaunchOptions, NoticesAScreenshotBeforeTheApplicationExists) {
+    char program[] = "trackloom", shot[] = "--screenshot=x.png", file[] = "a.gpx";
+    char* withShot[] = {program, file, shot};
+    char* without[] = {program, file};
+    EXPECT_TRUE(wantsScreenshot(3, withShot));
+    EXPECT_FALSE(wantsScreenshot(2, without));
+}
+
+} // namespace
+} // namespace trackloom

@@ -1,0 +1,90 @@
+#include "core/editing/track_append.h"
+#include "gpx_fixtures.h"
+
+#include <gtest/gtest.h>
+
+namespace trackloom {
+namespace {
+
+using testing::gpx11;
+using testing::point;
+using testing::refusal;
+using testing::trackFrom;
+
+std::string segment(double latitude, int count) {
+    std::string points;
+    for (int i = 0; i < count; ++i) {
+        points += point("trkpt", latitude, i * 0.001);
+    }
+    return "<trkseg>" + points + "</trkseg>";
+}
+
+TEST(Appending, KeepsBothFilesInSchemaOrderWithSectionsApart) {
+    const auto first = trackFrom(gpx11(
+        "<metadata><name>M</name><bounds minlat=\"0\" minlon=\"0\" maxlat=\"1\" maxlon=\"1\"/>"
+        "</metadata>" +
+        point("wpt", 1, 1) + "<trk><name>A</name>" + segment(0, 3) + "</trk><rte>" +
+        point("rtept", 0, 0.002) + point("rtept", 0, 0) + "</rte><extensions><e/></extensions>"));
+    const auto second =
+        trackFrom(gpx11("<rte><name>R</name>" + point("rtept", 2, 0) + point("rtept", 2, 1) +
+                        point("rtept", 2, 2) + "</rte>" + point("wpt", 3, 3)));
+    ASSERT_EQ(first->airRoutes().size(), 1u);
+
+    const auto result = appending(*first, *second);
+
+    const auto bytes = result->data();
+    EXPECT_NE(bytes.find("<metadata><name>M</name></metadata><wpt lat=\"1.000000\""),
+              std::string::npos)
+        << bytes;
+    EXPECT_LT(bytes.find("<wpt lat=\"3.000000\""), bytes.find("<rte>"));
+    EXPECT_LT(bytes.find("<rte>"), bytes.find("<trk>"));
+    EXPECT_NE(bytes.find("</trk><extensions><e/></extensions></gpx>"), std::string::npos);
+    ASSERT_EQ(result->segments().size(), 3u);
+    EXPECT_EQ(result->segments()[1].name, "R") << "the normal route became a track";
+    EXPECT_EQ(result->segments()[1].pointIDs.size(), 3u);
+    EXPECT_EQ(result->analysis().legs.size(), 2u + 2u + 1u) << "no leg across the files";
+    ASSERT_EQ(result->airRoutes().size(), 1u);
+    EXPECT_EQ(result->name(), "A");
+}
+
+TEST(Appending, ChecksTheGPXVersion) {
+    const std::string body = "<trk>" + segment(0, 2) + "</trk>";
+    const auto versionless =
+        trackFrom("<gpx xmlns=\"http://www.topografix.com/GPX/1/1\">" + body + "</gpx>");
+    const auto gpx10 =
+        trackFrom("<gpx xmlns=\"http://www.topografix.com/GPX/1/0\">" + body + "</gpx>");
+    EXPECT_EQ(refusal([&] { appending(*versionless, *trackFrom(gpx11(body))); }), "");
+    EXPECT_EQ(refusal([&] { appending(*gpx10, *trackFrom(gpx11(body))); }),
+              "Zum Anhängen müssen beide Dateien dieselbe GPX-Version verwenden (1.0 oder 1.1).");
+}
+
+TEST(Appending, MovesTheOtherFileIntoThisNamespaceAndKeepsExtensionsWellFormed) {
+    const auto first =
+        trackFrom("<g:gpx xmlns:g=\"http://www.topografix.com/GPX/1/1\"><g:trk><g:trkseg>"
+                  "<g:trkpt lat=\"0\" lon=\"0\"/></g:trkseg></g:trk></g:gpx>");
+    const auto second = trackFrom(
+        "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" xmlns:hr=\"urn:heart\"><trk><trkseg>"
+        "<trkpt lat=\"1\" lon=\"1\"><extensions><hr:beat>90</hr:beat><plain/></extensions>"
+        "</trkpt></trkseg></trk></gpx>");
+
+    const auto result = appending(*first, *second);
+
+    const auto bytes = result->data();
+    EXPECT_NE(bytes.find("xmlns:hr=\"urn:heart\""), std::string::npos);
+    EXPECT_NE(bytes.find("<g:trk><g:trkseg><g:trkpt lat=\"1\" lon=\"1\"><g:extensions>"
+                         "<hr:beat>90</hr:beat><plain/></g:extensions>"),
+              std::string::npos)
+        << bytes;
+    EXPECT_EQ(result->points().size(), 2u);
+}
+
+TEST(Appending, JoinsAFileWithoutNamespace) {
+    const auto first = trackFrom(gpx11("<trk>" + segment(0, 2) + "</trk>"));
+    const auto second = trackFrom("<gpx><trk><name>B</name>" + segment(1, 2) + "</trk></gpx>");
+    const auto result = appending(*first, *second);
+    ASSERT_EQ(result->segments().size(), 2u);
+    EXPECT_EQ(result->segments()[1].name, "B");
+}
+
+} // namespace
+} // namespace trackloom
