@@ -323,16 +323,6 @@ void copySpans(const xmlNode* original, xmlNode* copy) {
     Layout& to = ensureLayout(copy->doc);
     SourceMap sources(*from, to);
     copyTreeSpans(original, copy, to, sources);
-    // Declarations the copy gained are not in the recorded start tag.
-    Span* span = spanOf(copy);
-    if (span != nullptr && span->declaredNamespaces == Span::allDeclared) {
-        int declared = 0;
-        for (const xmlNs* ns = original->nsDef; ns != nullptr; ns = ns->next) {
-            ++declared;
-        }
-        span->declaredNamespaces =
-            static_cast<std::uint16_t>(std::min(declared, Span::allDeclared - 1));
-    }
 }
 
 void copyDocumentSpans(const xmlDoc* original, xmlDoc* copy) {

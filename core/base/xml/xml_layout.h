@@ -30,11 +30,6 @@ struct Span {
     std::uint32_t end = 0;
     /// Index of the source bytes in the owning `Layout`.
     std::uint32_t source = 0;
-    /// How many of the element's namespace declarations its start tag holds, or
-    /// `allDeclared`. A copy may carry more, added so that it stays meaningful
-    /// on its own; they are written only where the new place lacks them.
-    static constexpr std::uint16_t allDeclared = UINT16_MAX;
-    std::uint16_t declaredNamespaces = allDeclared;
     /// The element's name or attributes changed: its tags must be generated.
     bool tagChanged = false;
     /// Something inside the node changed: its bytes cannot be copied as a whole.
@@ -79,6 +74,13 @@ void recordLayout(_xmlDoc* doc, std::shared_ptr<const std::string> bytes);
 void copySpans(const _xmlNode* original, _xmlNode* copy);
 /// The same for all top-level nodes of a copied document.
 void copyDocumentSpans(const _xmlDoc* original, _xmlDoc* copy);
+
+/// The qualified name a recorded start tag opens with.
+std::string_view startTagName(std::string_view tag);
+/// Whether a recorded start tag declares the namespace prefix `prefix` (the
+/// empty text for the default namespace). A copied element may carry
+/// declarations its tag lacks, which it needs only where its new place does.
+bool startTagDeclares(std::string_view tag, std::string_view prefix);
 
 /// Marks `node` and its ancestors as no longer matching their bytes as a whole.
 void markDirty(_xmlNode* node);
