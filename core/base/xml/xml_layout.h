@@ -30,9 +30,11 @@ struct Span {
     std::uint32_t end = 0;
     /// Index of the source bytes in the owning `Layout`.
     std::uint32_t source = 0;
-    /// How many of the element's namespace declarations its start tag holds;
-    /// a copy may carry more, added so that it stays meaningful on its own.
-    std::uint16_t declaredNamespaces = 0;
+    /// How many of the element's namespace declarations its start tag holds, or
+    /// `allDeclared`. A copy may carry more, added so that it stays meaningful
+    /// on its own; they are written only where the new place lacks them.
+    static constexpr std::uint16_t allDeclared = UINT16_MAX;
+    std::uint16_t declaredNamespaces = allDeclared;
     /// The element's name or attributes changed: its tags must be generated.
     bool tagChanged = false;
     /// Something inside the node changed: its bytes cannot be copied as a whole.
@@ -48,12 +50,14 @@ class Layout {
     const std::shared_ptr<const std::string>& sharedSource(std::uint32_t index) const {
         return m_sources[index];
     }
-    /// Storage for `count` spans whose addresses stay valid as long as the layout.
-    std::vector<Span>& newBlock(std::size_t count);
+    /// Keeps a copy of `span` at an address that stays valid as long as the layout.
+    Span* store(const Span& span);
 
   private:
+    static constexpr std::size_t blockSize = 4096;
     std::vector<std::shared_ptr<const std::string>> m_sources;
-    std::vector<std::vector<Span>> m_blocks;
+    std::vector<std::unique_ptr<Span[]>> m_blocks;
+    std::size_t m_usedInLastBlock = blockSize;
 };
 
 /// The span of a node, or null (always null for the document node itself).

@@ -57,6 +57,8 @@ class Writer {
     std::string document(const xmlDoc* doc) {
         const xmlNode* first = doc->children;
         if (const Span* span = spanOf(first)) {
+            // One allocation for an unchanged document instead of a doubling
+            // copy at its last byte; pages an export leaves unused are never touched.
             m_out.reserve(source(*span).size());
             m_out += source(*span).substr(0, span->begin);
         } else {
@@ -142,7 +144,7 @@ class Writer {
 
     bool enterElement(const xmlNode* element, const Span* span) {
         const bool keepTag = span != nullptr && !span->tagChanged;
-        if (keepTag && !span->dirty && declarationCount(element) == span->declaredNamespaces) {
+        if (keepTag && !span->dirty && !hasUndeclaredNamespaces(element, *span)) {
             m_out += source(*span).substr(span->begin, span->end - span->begin);
             return false;
         }
@@ -245,12 +247,16 @@ class Writer {
         return false;
     }
 
-    static int declarationCount(const xmlNode* element) {
+    /// Whether a copy carries declarations its recorded start tag lacks.
+    static bool hasUndeclaredNamespaces(const xmlNode* element, const Span& span) {
+        if (span.declaredNamespaces == Span::allDeclared) {
+            return false;
+        }
         int count = 0;
         for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next) {
             ++count;
         }
-        return count;
+        return count > span.declaredNamespaces;
     }
 
     static std::string qualifiedName(const xmlNode* element) {
