@@ -2,6 +2,7 @@
 
 #include "core/base/xml/xml_layout.h"
 
+#include <algorithm>
 #include <libxml/tree.h>
 
 namespace trackloom {
@@ -150,6 +151,13 @@ std::vector<std::pair<std::string, std::string>> namespaceDeclarations(xml::Elem
 }
 
 void declareNamespace(xml::Element element, const std::string& prefix, const std::string& uri) {
+    // The recorded start tag holds the declarations there are now; the serialiser
+    // writes the ones added after them.
+    if (auto* span = xml::detail::spanOf(element.node());
+        span != nullptr && span->declaredNamespaces == xml::detail::Span::allDeclared) {
+        span->declaredNamespaces = static_cast<std::uint16_t>(std::min<std::size_t>(
+            namespaceDeclarations(element).size(), xml::detail::Span::allDeclared - 1));
+    }
     xml::detail::markDirty(element.node());
     xmlNewNs(element.node(), asXml(uri), prefix.empty() ? nullptr : asXml(prefix));
 }

@@ -3,6 +3,7 @@
 #include "core/editing/editing_session.h"
 #include "core/editing/point_edits.h"
 #include "core/editing/segment_merging.h"
+#include "core/editing/time_operations.h"
 #include "core/editing/track_append.h"
 
 #include <filesystem>
@@ -51,6 +52,26 @@ TEST_F(GpxEditCli, EachCommandWritesTheOperationsResult) {
     EXPECT_EQ(written("merge", {}), mergingSegments(track)->data());
     EXPECT_EQ(written("single-track", {"--name", "Ganz"}), singleTrack(track, "Ganz")->data());
     EXPECT_EQ(written("append", {corpusFile}), appending(track, track)->data());
+
+    const auto start = *GPXTrack::parseTime("2030-01-01T00:00:00Z");
+    EXPECT_EQ(written("shift", {"--start", "2030-01-01T00:00:00Z"}), shifted(track, start));
+    EXPECT_EQ(written("generate", {"--start", "2030-01-01T00:00:00Z", "--speed", "7.5"}),
+              generated(track, start, 7.5));
+    EXPECT_EQ(written("generate",
+                      {"--start", "2030-01-01T00:00:00Z", "--end", "2030-01-01T02:00:00+01:00"}),
+              generated(track, start, start.advanced(3600)));
+}
+
+TEST_F(GpxEditCli, RequiredSpeedPrintsTheSpeedOrTheRefusal) {
+    const auto speed = runCli({"gpx", "required-speed", corpusFile, "--start",
+                               "2030-01-01T00:00:00Z", "--end", "2030-01-01T01:00:00Z"});
+    EXPECT_EQ(speed.status, 0);
+    EXPECT_TRUE(speed.out.starts_with("{\"speedKMH\":")) << speed.out;
+
+    const auto order = runCli({"gpx", "required-speed", corpusFile, "--start",
+                               "2030-01-01T01:00:00Z", "--end", "2030-01-01T01:00:00+01:00"});
+    EXPECT_EQ(order.status, 2);
+    EXPECT_TRUE(order.err.starts_with("Die Endzeit muss nach der Startzeit liegen."));
 }
 
 TEST_F(GpxEditCli, PrintsTheResultsSizeOrTheRefusal) {
@@ -65,12 +86,22 @@ TEST_F(GpxEditCli, PrintsTheResultsSizeOrTheRefusal) {
     EXPECT_FALSE(std::filesystem::exists(path("x")));
 }
 
-TEST_F(GpxEditCli, AppendNeverOverwritesEitherFile) {
-    std::filesystem::copy_file(corpusFile, path("other.gpx"));
-    const auto result =
-        runCli({"gpx", "append", corpusFile, path("other.gpx"), "-o", path("other.gpx")});
-    EXPECT_EQ(result.status, 2);
-    EXPECT_EQ(readFileBytes(path("other.gpx")), readFileBytes(corpusFile));
+TEST_F(GpxEditCli, NeverOverwritesAFileItWasGiven) {
+    std::filesystem::copy_file(corpusFile, path("in.gpx"));
+    std::filesystem::create_hard_link(path("in.gpx"), path("link.gpx"));
+    for (const auto& arguments : std::vector<std::vector<std::string>>{
+             {"shift", path("in.gpx"), "--start", "2030-01-01T00:00:00Z", "-o", path("link.gpx")},
+             {"merge", path("in.gpx"), "-o", m_folder + "/./in.gpx"},
+             {"append", corpusFile, path("in.gpx"), "-o", path("in.gpx")},
+             {"session", corpusFile, "--do", "append " + path("in.gpx"), "-o", path("in.gpx")}}) {
+        auto command = arguments;
+        command.insert(command.begin(), "gpx");
+        const auto result = runCli(command);
+        EXPECT_EQ(result.status, 2) << arguments[0];
+        EXPECT_EQ(result.err, "Die Originaldatei darf nicht überschrieben werden. Bitte wähle "
+                              "eine andere Datei.\n");
+    }
+    EXPECT_EQ(readFileBytes(path("in.gpx")), readFileBytes(corpusFile));
 }
 
 TEST_F(GpxEditCli, MalformedArgumentsAreUsageErrors) {
@@ -81,7 +112,11 @@ TEST_F(GpxEditCli, MalformedArgumentsAreUsageErrors) {
              {"gpx", "move", corpusFile, "--point", "1", "--to", "1;2", "-o", path("t")},
              {"gpx", "session", corpusFile, "--do", "delete"},
              {"gpx", "session", corpusFile, "--do", "air-routes maybe"},
-             {"gpx", "session", corpusFile, "--do", "generate-speed 2024-05-01T10:00:00 5"}}) {
+             {"gpx", "session", corpusFile, "--do", "generate-speed 2024-05-01T10:00:00 5"},
+             {"gpx", "shift", corpusFile, "--start", "2030-01-01T00:00:00", "-o", path("t")},
+             {"gpx", "generate", corpusFile, "--start", "2030-01-01T00:00:00Z", "-o", path("t")},
+             {"gpx", "generate", corpusFile, "--start", "2030-01-01T00:00:00Z", "--speed", "5",
+              "--end", "2030-01-01T01:00:00Z", "-o", path("t")}}) {
         EXPECT_EQ(runCli(arguments).status, 1) << arguments[1] << " " << arguments.back();
     }
 }
