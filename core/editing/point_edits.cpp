@@ -5,7 +5,6 @@
 #include "core/editing/gpx_elements.h"
 #include "core/editing/time_elements.h"
 #include "core/editing/time_transfer.h"
-#include "core/editing/tree_helpers.h"
 
 #include <algorithm>
 #include <cmath>

@@ -3,7 +3,6 @@
 #include "core/base/gpx_error.h"
 #include "core/editing/document_points.h"
 #include "core/editing/gpx_elements.h"
-#include "core/editing/tree_helpers.h"
 
 #include <algorithm>
 
@@ -39,7 +38,7 @@ void normalize(xml::Element element, std::string_view otherNamespace, xml::Eleme
     const bool differs =
         element.prefix() != root.prefix() || element.namespaceURI() != root.namespaceURI();
     if (element.namespaceURI() == otherNamespace && differs) {
-        adoptNamespace(element, root);
+        element.adoptNamespace(root);
     }
     if (element.localName() == "extensions") {
         return;
@@ -127,13 +126,13 @@ class Combiner {
     }
 
     void declareMissingNamespaces(xml::Element otherRoot) {
-        const auto own = namespaceDeclarations(m_copy.root);
-        for (const auto& [prefix, uri] : namespaceDeclarations(otherRoot)) {
+        const auto own = m_copy.root.namespaceDeclarations();
+        for (const auto& [prefix, uri] : otherRoot.namespaceDeclarations()) {
             const bool declared = std::any_of(own.begin(), own.end(), [&](const auto& existing) {
                 return existing.first == prefix;
             });
             if (!declared) {
-                declareNamespace(m_copy.root, prefix, uri);
+                m_copy.root.declareNamespace(prefix, uri);
             }
         }
     }
@@ -171,8 +170,8 @@ TrackPtr appending(const GPXTrack& track, const GPXTrack& other) {
         combiner.insert(part);
     }
     for (const auto& part : {added.waypoints, added.airRoutes, added.tracks}) {
-        for (const auto& element : part) {
-            dropRepeatedDeclarations(element);
+        for (auto element : part) {
+            element.reconcileNamespaces();
             normalize(element, other.namespaceURI(), copy.root);
         }
     }

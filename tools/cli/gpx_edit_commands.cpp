@@ -20,7 +20,7 @@ struct FileArguments {
 };
 
 std::string saved(const TrackPtr& result, const FileArguments& arguments) {
-    return saveResult(*result, arguments.out, {arguments.file});
+    return saveTrack(*result, arguments.out, {arguments.file});
 }
 
 std::string saved(const std::string& bytes, const FileArguments& arguments) {
@@ -224,8 +224,8 @@ void addAppend(CLI::App& gpx, CommandRegistry& registry) {
         registry.choose([arguments] {
             const auto track = openTrack(arguments->file);
             const auto other = openTrack(arguments->other);
-            return saveResult(*appending(*track, *other), arguments->out,
-                              {arguments->file, arguments->other});
+            return saveTrack(*appending(*track, *other), arguments->out,
+                             {arguments->file, arguments->other});
         });
     });
 }

@@ -1,18 +1,10 @@
 #include "tools/cli/gpx_edit_support.h"
 
-#include "core/base/original_file_protection.h"
-
 #include <charconv>
 #include <filesystem>
 
 namespace trackloom::cli {
 namespace {
-
-void checkNotOpened(const std::string& destination, const std::vector<std::string>& opened) {
-    for (const auto& file : opened) {
-        OriginalFileProtection::checkExport(destination, std::filesystem::path(file));
-    }
-}
 
 template <typename Number> std::optional<Number> number(std::string_view text) {
     Number value{};
@@ -37,19 +29,13 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 
 } // namespace
 
-std::string saveResult(const GPXTrack& track, const std::string& destination,
-                       const std::vector<std::string>& opened) {
-    checkNotOpened(destination, opened);
-    return saveTrack(track, destination, std::nullopt);
-}
-
 std::string saveBytes(const std::string& bytes, const std::string& destination,
                       const std::vector<std::string>& opened) {
     // The serialiser writes an untouched document exactly as it was read, so the
     // track read from the bytes writes them back unchanged.
     const auto track =
         GPXTrack::read(bytes, std::filesystem::path(destination).filename().string());
-    return saveResult(*track, destination, opened);
+    return saveTrack(*track, destination, opened);
 }
 
 const CLI::Validator trackTime(

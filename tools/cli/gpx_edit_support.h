@@ -14,12 +14,7 @@
 
 namespace trackloom::cli {
 
-/// Writes the track's data to `destination` like `saveTrack`, refusing to
-/// overwrite any of the `opened` files. Returns {"points":N,"segments":N}.
-std::string saveResult(const GPXTrack& track, const std::string& destination,
-                       const std::vector<std::string>& opened);
-
-/// Writes exactly `bytes` (a whole GPX document) like `saveResult`; throws
+/// Writes exactly `bytes` (a whole GPX document) like `saveTrack`; throws
 /// `GPXError` when they are no readable GPX.
 std::string saveBytes(const std::string& bytes, const std::string& destination,
                       const std::vector<std::string>& opened);

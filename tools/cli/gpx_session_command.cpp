@@ -184,7 +184,7 @@ void addGpxSessionCommand(CLI::App& gpx, CommandRegistry& registry) {
                 }
             }
             if (writes) {
-                saveResult(*session.track(), arguments->out, opened);
+                saveTrack(*session.track(), arguments->out, opened);
             }
             return state(session, std::nullopt);
         });
