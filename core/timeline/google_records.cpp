@@ -50,10 +50,13 @@ GooglePathPoint decodePathPoint(Value& value) {
     return point;
 }
 
-std::vector<GooglePathPoint> decodePath(Value& value) {
-    std::vector<GooglePathPoint> path;
-    json::forEachElement(value, [&](Value& element) { path.push_back(decodePathPoint(element)); });
-    return path;
+/// The path's points, in `storage` (emptied first): reusing one buffer for all
+/// records spares growing a new list for each path.
+std::vector<GooglePathPoint> decodePath(Value& value, std::vector<GooglePathPoint>& storage) {
+    storage.clear();
+    json::forEachElement(value,
+                         [&](Value& element) { storage.push_back(decodePathPoint(element)); });
+    return std::move(storage);
 }
 
 /// A location object's `latLng`; absent when the object does not have one as text.
@@ -141,7 +144,7 @@ GoogleActivity decodeActivity(Value& value) {
     return activity;
 }
 
-GoogleRecord decodeRecord(Value& value) {
+GoogleRecord decodeRecord(Value& value, std::vector<GooglePathPoint>& pathStorage) {
     GoogleRecord record;
     json::forEachField(value, [&](std::string_view name, Value& member) {
         if (name == "startTime") {
@@ -149,7 +152,8 @@ GoogleRecord decodeRecord(Value& value) {
         } else if (name == "endTime") {
             record.endTime = json::readOptionalString(member);
         } else if (name == "timelinePath") {
-            decodeIfPresent(record.timelinePath, member, decodePath);
+            decodeIfPresent(record.timelinePath, member,
+                            [&](Value& path) { return decodePath(path, pathStorage); });
         } else if (name == "visit") {
             decodeIfPresent(record.visit, member, decodeVisit);
         } else if (name == "activity") {
@@ -160,9 +164,9 @@ GoogleRecord decodeRecord(Value& value) {
 }
 
 /// Decodes one entry; an entry that is not a record leaves `record` absent.
-RecordWrapper decodeWrapper(Value& value) {
+RecordWrapper decodeWrapper(Value& value, std::vector<GooglePathPoint>& pathStorage) {
     try {
-        return {decodeRecord(value)};
+        return {decodeRecord(value, pathStorage)};
     } catch (const json::ValueMismatch&) {
         return {};
     }
@@ -170,42 +174,52 @@ RecordWrapper decodeWrapper(Value& value) {
 
 template <typename Container>
 void decodeEntries(Container& list, const std::function<void(const RecordWrapper&)>& visit) {
-    json::forEachElement(list, [&](Value& entry) { visit(decodeWrapper(entry)); });
+    std::vector<GooglePathPoint> pathStorage;
+    json::forEachElement(list, [&](Value& entry) {
+        auto wrapper = decodeWrapper(entry, pathStorage);
+        visit(wrapper);
+        if (wrapper.record && wrapper.record->timelinePath) {
+            pathStorage = std::move(*wrapper.record->timelinePath);
+        }
+    });
 }
 
-void decodeEnvelope(simdjson::ondemand::document& document,
+/// Reads the Android form's entries; returns whether the object has a member
+/// "format".
+bool decodeEnvelope(simdjson::ondemand::document& document,
                     const std::function<void(const RecordWrapper&)>& visit) {
     bool hasSegments = false;
+    bool hasFormat = false;
     json::forEachField(document, [&](std::string_view name, Value& member) {
         if (name == "semanticSegments") {
             decodeEntries(member, visit);
             hasSegments = true;
+        } else if (name == "format") {
+            hasFormat = true;
         }
     });
     if (!hasSegments) {
         throw json::ValueMismatch{};
     }
+    return hasFormat;
 }
 
 } // namespace
 
-bool decodeGoogleExport(json::OnDemandDocument& input,
-                        const std::function<void(const RecordWrapper&)>& visit) {
-    try {
-        auto& document = input.fromStart();
+GoogleExportDecoding decodeGoogleExport(json::OnDemandDocument& input,
+                                        const std::function<void(const RecordWrapper&)>& visit) {
+    const auto decoded = input.read([&](simdjson::ondemand::document& document) {
         simdjson::ondemand::json_type type{};
         json::check(document.type().get(type));
+        bool hasFormat = false;
         if (type == json_type::array) {
             decodeEntries(document, visit);
         } else {
-            decodeEnvelope(document, visit);
+            hasFormat = decodeEnvelope(document, visit);
         }
-        return json::isAtEnd(document);
-    } catch (const json::ValueMismatch&) {
-        return false;
-    } catch (const json::MalformedDocument&) {
-        return false;
-    }
+        return GoogleExportDecoding{json::isAtEnd(document), hasFormat};
+    });
+    return decoded.value_or(GoogleExportDecoding{});
 }
 
 } // namespace trackloom

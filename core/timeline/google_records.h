@@ -80,11 +80,20 @@ namespace json {
 class OnDemandDocument;
 }
 
+/// How far an export decoded.
+struct GoogleExportDecoding {
+    /// The data is one of the two forms, read to its end.
+    bool complete = false;
+    /// The object at the top has a member "format", the marker of a working
+    /// copy; only such data can also be one.
+    bool hasFormatMember = false;
+};
+
 /// Decodes the export in `document` and calls `visit` with each entry of its
 /// list, in order. A list at the top is read as the iOS form, anything else as
-/// the Android form. Returns false, possibly after some entries, when the data
-/// is neither form; exceptions from `visit` pass through.
-bool decodeGoogleExport(json::OnDemandDocument& document,
-                        const std::function<void(const RecordWrapper&)>& visit);
+/// the Android form. Stops early, possibly after some entries, when the data is
+/// neither form; exceptions from `visit` pass through.
+GoogleExportDecoding decodeGoogleExport(json::OnDemandDocument& document,
+                                        const std::function<void(const RecordWrapper&)>& visit);
 
 } // namespace trackloom

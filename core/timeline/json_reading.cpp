@@ -24,6 +24,9 @@ OnDemandDocument::OnDemandDocument(std::string_view data, std::size_t capacity)
 
 simdjson::ondemand::document& OnDemandDocument::fromStart() {
     check(m_error);
+    if (m_malformed) {
+        throw MalformedDocument{};
+    }
     m_document.rewind();
     return m_document;
 }
@@ -53,8 +56,11 @@ std::string_view readString(Value& value) {
     // Most strings hold no escapes; those are taken straight from the input
     // instead of being copied into the parser's buffer.
     const auto token = value.raw_json_token();
-    const auto stop = token.find_first_of("\"\\", 1);
-    if (stop != std::string_view::npos && token[stop] == '"') {
+    std::size_t stop = 1;
+    while (stop < token.size() && token[stop] != '"' && token[stop] != '\\') {
+        ++stop;
+    }
+    if (stop < token.size() && token[stop] == '"') {
         return token.substr(1, stop - 1);
     }
     std::string_view text;

@@ -15,6 +15,7 @@
 #include <optional>
 #include <simdjson.h>
 #include <string_view>
+#include <utility>
 
 namespace trackloom::json {
 
@@ -36,14 +37,29 @@ class OnDemandDocument {
     OnDemandDocument(const OnDemandDocument&) = delete;
     OnDemandDocument& operator=(const OnDemandDocument&) = delete;
 
-    /// The document, positioned at its start. Throws `MalformedDocument` when
-    /// the bytes could not be indexed (empty, not UTF-8, an open string).
-    simdjson::ondemand::document& fromStart();
+    /// Runs `decode` on the document from its start and returns its result;
+    /// absent when a value did not fit or the bytes are not JSON.
+    template <typename Decode>
+    auto read(Decode&& decode)
+        -> std::optional<decltype(decode(std::declval<simdjson::ondemand::document&>()))> {
+        try {
+            return decode(fromStart());
+        } catch (const ValueMismatch&) {
+            return std::nullopt;
+        } catch (const MalformedDocument&) {
+            // simdjson gives up an iterator that met broken JSON for good.
+            m_malformed = true;
+            return std::nullopt;
+        }
+    }
 
   private:
+    simdjson::ondemand::document& fromStart();
+
     simdjson::ondemand::parser m_parser;
     simdjson::ondemand::document m_document;
     simdjson::error_code m_error;
+    bool m_malformed = false;
 };
 
 simdjson::ondemand::json_type typeOf(Value& value);

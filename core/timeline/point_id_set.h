@@ -17,7 +17,9 @@ class PointIDSet {
     PointIDSet() = default;
     /// The set of `ids`, given in any order and possibly repeated.
     static PointIDSet fromUnordered(std::vector<std::int64_t> ids) {
-        std::sort(ids.begin(), ids.end());
+        if (!std::is_sorted(ids.begin(), ids.end())) {
+            std::sort(ids.begin(), ids.end());
+        }
         ids.erase(std::unique(ids.begin(), ids.end()), ids.end());
         PointIDSet set;
         set.m_ids = std::move(ids);
@@ -25,6 +27,11 @@ class PointIDSet {
     }
 
     void insert(std::int64_t id) {
+        // Ids mostly arrive in ascending order.
+        if (m_ids.empty() || m_ids.back() < id) {
+            m_ids.push_back(id);
+            return;
+        }
         const auto position = std::lower_bound(m_ids.begin(), m_ids.end(), id);
         if (position == m_ids.end() || *position != id) {
             m_ids.insert(position, id);

@@ -66,7 +66,16 @@ std::int64_t TimelineCalendar::localDayNumber(std::int64_t unixSeconds) const {
 Instant TimelineCalendar::startOfLocalDay(std::int64_t dayNumber) const {
     if (!m_hasCachedDay || m_cachedDay != dayNumber) {
         const date::local_days midnight{date::days(dayNumber)};
-        const auto start = m_zone->to_sys(midnight, date::choose::earliest);
+        const date::sys_seconds midnightAtOffset{midnight.time_since_epoch() - m_period.offset};
+        // Inside one offset period the clock runs without jumps, so midnight read
+        // with that offset is the day's first instant, unless a clock turned back
+        // shortly before showed that midnight already (no change turns a clock
+        // back by two days). Only days near a clock change need the zone's rules.
+        const bool insidePeriod = m_hasPeriod &&
+                                  m_period.begin + date::days(2) < midnightAtOffset &&
+                                  midnightAtOffset < m_period.end;
+        const auto start =
+            insidePeriod ? midnightAtOffset : m_zone->to_sys(midnight, date::choose::earliest);
         m_cachedDay = dayNumber;
         m_cachedDayStart =
             Instant::fromUnixSeconds(static_cast<double>(start.time_since_epoch().count()));

@@ -35,28 +35,25 @@ std::optional<TimelineDocument> readWorkingCopy(json::OnDemandDocument& input,
     return TimelineDocument(std::move(copy->points), {});
 }
 
-TimelineDocument readGoogleExport(json::OnDemandDocument& input, std::size_t size,
-                                  std::stop_token token) {
-    GoogleImport import(size, std::move(token));
-    if (!decodeGoogleExport(input, [&](const RecordWrapper& entry) { import.add(entry); })) {
-        throw GPXError("Dieses JSON ist kein unterstützter Google-Zeitachsenexport. Erwartet wird "
-                       "eine Liste mit startTime, visit, activity oder timelinePath.");
+std::vector<TimelinePoint> checkedPoints(std::vector<TimelinePoint> points) {
+    for (const auto& point : points) {
+        if (!point.isValid()) {
+            throw GPXError("Ungültige Standortpunkte oder Zeitangaben.");
+        }
     }
-    const auto report = import.report();
-    return TimelineDocument(import.takePoints(), report);
+    return points;
 }
 
 } // namespace
 
 TimelineDocument::TimelineDocument(std::vector<TimelinePoint> points, TimelineImportReport report)
+    : TimelineDocument(Numbering{}, checkedPoints(std::move(points)), report) {}
+
+TimelineDocument::TimelineDocument(Numbering, std::vector<TimelinePoint> points,
+                                   TimelineImportReport report)
     : m_points(std::move(points)), m_report(report) {
     if (m_points.empty()) {
         throw GPXError("Keine auswertbaren Standortpunkte gefunden.");
-    }
-    for (const auto& point : m_points) {
-        if (!point.isValid()) {
-            throw GPXError("Ungültige Standortpunkte oder Zeitangaben.");
-        }
     }
     for (std::size_t index = 0; index < m_points.size(); ++index) {
         auto& point = m_points[index];
@@ -73,12 +70,24 @@ TimelineDocument TimelineDocument::read(std::string data, std::stop_token token)
     // instead of a padded copy of a history that may be 250 MB.
     data.reserve(data.size() + simdjson::SIMDJSON_PADDING);
     json::OnDemandDocument input(data, data.capacity());
-    if (firstNonBlank(data) == '{') {
+    GoogleImport import(data.size(), token);
+    const auto google =
+        decodeGoogleExport(input, [&](const RecordWrapper& entry) { import.add(entry); });
+    // A working copy takes precedence. Only an object can be one, and only one
+    // with a "format" member: reading the export first spares a second pass
+    // over a large export just to find that out.
+    if (firstNonBlank(data) == '{' && (!google.complete || google.hasFormatMember)) {
         if (auto document = readWorkingCopy(input, token)) {
             return std::move(*document);
         }
     }
-    return readGoogleExport(input, data.size(), std::move(token));
+    if (!google.complete) {
+        throw GPXError("Dieses JSON ist kein unterstützter Google-Zeitachsenexport. Erwartet wird "
+                       "eine Liste mit startTime, visit, activity oder timelinePath.");
+    }
+    const auto report = import.report();
+    // The import keeps only points that passed the validity check.
+    return TimelineDocument(Numbering{}, import.takePoints(), report);
 }
 
 TimelineDocument TimelineDocument::readFile(const std::filesystem::path& path,

@@ -58,6 +58,10 @@ class TimelineDocument {
     const TimelineImportReport& report() const { return m_report; }
 
   private:
+    /// Numbers points already known to be valid; throws only for an empty list.
+    struct Numbering {};
+    TimelineDocument(Numbering, std::vector<TimelinePoint> points, TimelineImportReport report);
+
     std::vector<TimelinePoint> m_points;
     TimelineImportReport m_report;
 };

@@ -9,9 +9,12 @@ namespace trackloom {
 
 std::string_view rawValue(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path: return "path";
-    case TimelinePointKind::visit: return "visit";
-    case TimelinePointKind::activity: return "activity";
+    case TimelinePointKind::path:
+        return "path";
+    case TimelinePointKind::visit:
+        return "visit";
+    case TimelinePointKind::activity:
+        return "activity";
     }
     return "path";
 }
@@ -27,9 +30,12 @@ std::optional<TimelinePointKind> timelinePointKind(std::string_view raw) {
 
 std::string title(TimelinePointKind kind) {
     switch (kind) {
-    case TimelinePointKind::path: return localized("Streckenpunkt");
-    case TimelinePointKind::visit: return localized("Aufenthalt");
-    case TimelinePointKind::activity: return localized("Grobe Fahrt");
+    case TimelinePointKind::path:
+        return localized("Streckenpunkt");
+    case TimelinePointKind::visit:
+        return localized("Aufenthalt");
+    case TimelinePointKind::activity:
+        return localized("Grobe Fahrt");
     }
     return {};
 }
@@ -44,8 +50,8 @@ constexpr double firstInvalidUnixSecond = 253402300800.0;
 constexpr double oneDay = 86400.0;
 
 int localYear(double unixSeconds) {
-    const auto seconds = date::sys_seconds(std::chrono::seconds(
-        static_cast<long long>(std::floor(unixSeconds))));
+    const auto seconds =
+        date::sys_seconds(std::chrono::seconds(static_cast<long long>(std::floor(unixSeconds))));
     static const date::time_zone* const zone = systemTimeZone();
     const auto local = zone->to_local(seconds);
     return static_cast<int>(date::year_month_day(date::floor<date::days>(local)).year());

@@ -18,14 +18,18 @@ TimelineSession::TimelineSession(TimelineDocument document, const date::time_zon
     : m_document(std::move(document)), m_calendar(timeZone) {
     const auto& points = m_document.points();
     m_nextID = static_cast<std::int64_t>(points.size());
-    for (const auto& point : points) {
-        m_segments[point.segment].insert(point.id);
-    }
     if (!points.empty()) {
-        m_nextSegment = std::max_element(points.begin(), points.end(),
-                                         [](auto& a, auto& b) { return a.segment < b.segment; })
-                            ->segment +
-                        1;
+        m_nextSegment = points.front().segment + 1;
+    }
+    // The points of one segment follow each other in an import; remembering the
+    // last segment spares a hash lookup for nearly every point.
+    auto segment = m_segments.end();
+    for (const auto& point : points) {
+        if (segment == m_segments.end() || segment->first != point.segment) {
+            segment = m_segments.try_emplace(point.segment).first;
+        }
+        segment->second.insert(point.id);
+        m_nextSegment = std::max(m_nextSegment, point.segment + 1);
     }
     m_index = trackloom::makeDayIndex(points, timeZone).days;
 }

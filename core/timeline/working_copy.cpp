@@ -131,18 +131,11 @@ std::string encodeWorkingCopy(const std::vector<TimelinePoint>& points) {
 
 std::optional<WorkingCopy> decodeWorkingCopy(json::OnDemandDocument& input,
                                              const std::stop_token& token) {
-    try {
-        auto& document = input.fromStart();
-        auto copy = decodeCopy(document, token);
-        if (!json::isAtEnd(document)) {
-            return std::nullopt;
-        }
-        return copy;
-    } catch (const json::ValueMismatch&) {
-        return std::nullopt;
-    } catch (const json::MalformedDocument&) {
-        return std::nullopt;
-    }
+    auto copy = input.read([&](simdjson::ondemand::document& document) {
+        auto decoded = decodeCopy(document, token);
+        return json::isAtEnd(document) ? std::optional(std::move(decoded)) : std::nullopt;
+    });
+    return copy ? std::move(*copy) : std::nullopt;
 }
 
 } // namespace trackloom

@@ -4,6 +4,7 @@
 #include "core/base/file_io.h"
 #include "core/base/gpx_error.h"
 #include "core/base/json_writer.h"
+#include "core/base/original_file_protection.h"
 #include "core/timeline/timeline_session.h"
 #include "core/track/track_time.h"
 #include "tools/cli/command_registry.h"
@@ -190,6 +191,7 @@ void addExport(CLI::App& timeline, CommandRegistry& registry) {
             }
             const auto gpx =
                 session.gpxIn(*range, arguments->activities, arguments->visits, arguments->segment);
+            OriginalFileProtection::checkExport(arguments->output, arguments->session.file);
             writeFileAtomically(arguments->output, gpx.data);
             return describe(gpx);
         });
@@ -210,7 +212,9 @@ void addWorkingCopy(CLI::App& timeline, CommandRegistry& registry) {
     command->callback([arguments, &registry] {
         registry.choose([arguments] {
             const auto session = openSession(arguments->session);
-            writeFileAtomically(arguments->output, session.workingCopy());
+            const auto bytes = session.workingCopy();
+            OriginalFileProtection::checkExport(arguments->output, arguments->session.file);
+            writeFileAtomically(arguments->output, bytes);
             JsonWriter json;
             json.beginObject().key("points").value(session.document().points().size()).endObject();
             return json.takeText();
@@ -254,6 +258,7 @@ void addExportDays(CLI::App& timeline, CommandRegistry& registry) {
             // Everything is checked before the first file is written, so a
             // refusal leaves the folder as it was.
             for (const auto& [day, path] : files) {
+                OriginalFileProtection::checkExport(path, arguments->session.file);
                 if (fs::exists(fs::symlink_status(path))) {
                     throw GPXError::withDetail("Die Datei gibt es bereits: ", path.string());
                 }

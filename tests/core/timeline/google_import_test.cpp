@@ -155,7 +155,9 @@ TEST(GoogleImport, RefusesWhatIsNotAPhoneTimeline) {
     for (const std::string text :
          {"", " \n\t", "{}", R"({"semanticSegments": null})", R"({"semanticSegments": {}})",
           R"({"timelineObjects": []})", "\xef\xbb\xbf[]", "[] []", "[1, 2", "[1 2]", "7",
-          R"("text")", "[{\"startTime\": \"2024-05-01T10:00:00Z\"}] x"}) {
+          R"("text")", "[{\"startTime\": \"2024-05-01T10:00:00Z\"}] x",
+          R"({"semanticSegments": [{}, )",
+          R"({"format": "TrackloomTimeline", "version": 2, "points": [)"}) {
         EXPECT_EQ(refusal([&] { TimelineDocument::read(text); }), unsupportedExport) << text;
     }
     EXPECT_EQ(refusal([] { TimelineDocument::read("[]"); }), noPoints);
@@ -185,7 +187,9 @@ TEST(GoogleImport, StopsWhenCancelled) {
 }
 
 TEST(CoordinateText, AcceptsTheSpellingsOfBothPhones) {
-    for (const auto* text : {"50.1°, 7.2°", "geo:50.1,7.2", "50.1 , 7.2", "\t50.1,\xc2\xa0" "7.2",
+    for (const auto* text : {"50.1°, 7.2°", "geo:50.1,7.2", "50.1 , 7.2",
+                             "\t50.1,\xc2\xa0"
+                             "7.2",
                              "geo:50.1,,7.2,", "+50.1,7.2"}) {
         const auto coordinate = parseCoordinate(text);
         ASSERT_TRUE(coordinate) << text;

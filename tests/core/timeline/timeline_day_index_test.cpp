@@ -58,9 +58,17 @@ TEST(DayIndex, DaysFollowClockChanges) {
     const TimelineCalendar berlin(zone("Europe/Berlin"));
     EXPECT_EQ(berlin.dayInterval(at("2024-10-27T12:00:00Z")),
               (DateInterval{at("2024-10-26T22:00:00Z"), at("2024-10-27T23:00:00Z")}));
+
+    const auto stay = visitPoint(0, 0, "2024-10-26T12:00:00Z", "2024-10-28T12:00:00Z");
+    std::vector<Instant> starts;
+    for (const auto& [start, ids] : makeDayIndex({stay}, zone("Europe/Berlin")).days) {
+        starts.push_back(start);
+    }
+    EXPECT_EQ(starts, (std::vector<Instant>{at("2024-10-25T22:00:00Z"), at("2024-10-26T22:00:00Z"),
+                                            at("2024-10-27T23:00:00Z")}));
 }
 
-TEST(DayIndex, DayWithoutMidnightStartsWhenTheClockJumps) {
+TEST(DayIndex, DayStartsAtItsFirstMidnightOrWhenTheClockJumpsPastIt) {
     // São Paulo skipped 2018-11-04 00:00 local time, going from -03:00 to -02:00.
     const TimelineCalendar saoPaulo(zone("America/Sao_Paulo"));
     EXPECT_EQ(saoPaulo.startOfDay(at("2018-11-04T12:00:00Z")), at("2018-11-04T03:00:00Z"));
@@ -68,6 +76,13 @@ TEST(DayIndex, DayWithoutMidnightStartsWhenTheClockJumps) {
               (DateInterval{at("2018-11-03T03:00:00Z"), at("2018-11-04T03:00:00Z")}));
     EXPECT_EQ(saoPaulo.startOfDate(2018, 11, 4), at("2018-11-04T03:00:00Z"));
     EXPECT_FALSE(saoPaulo.startOfDate(2018, 2, 29));
+
+    // Havana turned its clocks back from 01:00 to 00:00 on 2023-11-05: that day
+    // starts at the first of its two midnights.
+    const TimelineCalendar havana(zone("America/Havana"));
+    EXPECT_EQ(havana.startOfDay(at("2023-11-05T12:00:00Z")), at("2023-11-05T04:00:00Z"));
+    EXPECT_EQ(havana.startOfNextDay(at("2023-11-04T04:00:00Z")), at("2023-11-05T04:00:00Z"));
+    EXPECT_EQ(havana.startOfNextDay(at("2023-11-05T04:00:00Z")), at("2023-11-06T05:00:00Z"));
 }
 
 TEST(DayIndex, EndlessStayIsCappedAtAHundredYearsOfDays) {

@@ -99,6 +99,15 @@ TEST(WorkingCopy, AnythingElseInBracesIsReadAsAGoogleExport) {
     EXPECT_EQ(foreign.report().pathPoints, 1);
 }
 
+TEST(WorkingCopy, TakesPrecedenceOverAnExportInTheSameObject) {
+    const auto document = TimelineDocument::read(
+        R"({"semanticSegments": [{"timelinePath": [{"point": "1,2", "time": "2024-05-01T10:00:00Z"}]}],
+            "points": )" +
+        onePoint + R"(, "version": 1, "format": "TrackloomTimeline"})");
+    EXPECT_EQ(document.report(), TimelineImportReport{});
+    EXPECT_EQ(document.points()[0].latitude, 50);
+}
+
 TEST(WorkingCopy, OptionalMembersMayBeNullOrMissing) {
     const auto document = TimelineDocument::read(
         copyWith("2", R"([{"id": 0, "segment": 0, "kind": "visit", "latitude": 50, "longitude": 7,

@@ -107,6 +107,26 @@ TEST(TimelineExportDaysCli, WritesOneFilePerDayAndNeverOverwrites) {
     fs::remove_all(folder);
 }
 
+TEST(TimelineCli, NeverWritesOverTheFileItRead) {
+    const auto folder = temporaryFolder();
+    const auto file = folder + "/Timeline.json";
+    fs::copy_file(corpus + "mixed-forms-edge-cases.json", file);
+    fs::create_symlink(file, folder + "/link.json");
+    const auto original = fileText(file);
+    const std::string message =
+        "Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine andere Datei.\n";
+    for (const auto* target : {"/Timeline.json", "/link.json"}) {
+        const auto exported = runCli({"timeline", "export", file, "--day", "2025-03-18", "--zone",
+                                      "UTC", "-o", folder + target});
+        EXPECT_EQ(exported.status, 2);
+        EXPECT_EQ(exported.err, message);
+        const auto copied = runCli({"timeline", "working-copy", file, "-o", folder + target});
+        EXPECT_EQ(copied.err, message);
+    }
+    EXPECT_EQ(fileText(file), original);
+    fs::remove_all(folder);
+}
+
 TEST(TimelineWorkingCopyCli, WritesAWorkingCopyThatReadsBack) {
     const auto folder = temporaryFolder();
     const auto copy = folder + "/Zeitachse-Arbeitskopie.gpxhistory";
