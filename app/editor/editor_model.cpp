@@ -255,12 +255,12 @@ void EditorModel::setColorBySpeed(bool colorBySpeed) {
 }
 
 void EditorModel::updateSpeedScale() {
+    retire(std::move(m_speedScale));
     if (m_colorBySpeed && m_track) {
         auto scale = SpeedScale::of(m_track->analysis());
-        m_speedScale = std::move(scale.values);
+        m_speedScale = std::make_shared<const SpeedValues>(std::move(scale.values));
         m_speedScaleTop = scale.top;
     } else {
-        m_speedScale.reset();
         m_speedScaleTop = 0;
     }
     emit mapChanged();

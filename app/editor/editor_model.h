@@ -45,6 +45,9 @@ struct EditorMapPoint {
     friend bool operator==(const EditorMapPoint&, const EditorMapPoint&) = default;
 };
 
+/// Values of the speed colour scale (0 … 1) by the `from` point id of their leg.
+using SpeedValues = std::unordered_map<std::int64_t, double>;
+
 class EditorModel : public QObject {
     Q_OBJECT
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
@@ -77,9 +80,9 @@ class EditorModel : public QObject {
     const QString& secondPartName() const { return m_secondPartName; }
     const std::vector<EditorMapPoint>& mapPoints() const { return m_mapPoints; }
     bool colorBySpeed() const { return m_colorBySpeed; }
-    const std::optional<std::unordered_map<std::int64_t, double>>& speedScale() const {
-        return m_speedScale;
-    }
+    /// Speed colours by point id; null while the track is not coloured by speed.
+    /// Shared, so that the map can prepare its lines from it on another thread.
+    const std::shared_ptr<const SpeedValues>& speedScale() const { return m_speedScale; }
     double speedScaleTop() const { return m_speedScaleTop; }
     MapTool mapTool() const { return m_mapTool; }
     const std::vector<Coordinate>& pendingPoints() const { return m_pendingPoints; }
@@ -281,7 +284,7 @@ class EditorModel : public QObject {
     QString m_secondPartName;
     std::vector<EditorMapPoint> m_mapPoints;
     bool m_colorBySpeed = false;
-    std::optional<std::unordered_map<std::int64_t, double>> m_speedScale;
+    std::shared_ptr<const SpeedValues> m_speedScale;
     double m_speedScaleTop = 0;
     MapTool m_mapTool = MapTool::select;
     std::vector<Coordinate> m_pendingPoints;

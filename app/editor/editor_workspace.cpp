@@ -2,6 +2,7 @@
 
 #include "app/editor/editor_files.h"
 #include "app/editor/editor_view.h"
+#include "app/editor/map_editor.h"
 
 #include <QFileInfo>
 
@@ -83,7 +84,7 @@ std::optional<UnsavedWork> EditorWorkspace::unsavedWork() const {
 }
 
 bool EditorWorkspace::isBusy() const {
-    return m_model.busy();
+    return m_model.busy() || (m_view && m_view->mapEditor()->isPreparing());
 }
 
 } // namespace trackloom

@@ -6,41 +6,47 @@
 #include "app/map/points_overlay.h"
 #include "app/map/polyline_overlay.h"
 
+#include <QFutureWatcher>
 #include <QHBoxLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <QtConcurrent/QtConcurrentRun>
 
 namespace trackloom {
 namespace {
 
-struct Lines {
-    std::vector<MapPolyline> track;
-    std::vector<std::int64_t> trackStarts;
-    std::vector<MapPolyline> airRoutes;
-};
-
 // One line per section; a leg gets the colour of its speed, grey without one.
-Lines linesOf(const EditorModel& model) {
-    Lines lines;
-    const auto& points = model.mapPoints();
-    const auto& scale = model.speedScale();
+MapEditor::Overlays overlaysOf(const std::vector<EditorMapPoint>& points,
+                               const std::shared_ptr<const SpeedValues>& scale) {
+    std::vector<MapPolyline> track;
+    std::vector<MapPolyline> airRoutes;
+    MapEditor::Overlays overlays{std::make_shared<PolylineOverlay>(),
+                                 std::make_shared<PolylineOverlay>(QColor(120, 120, 120), 2),
+                                 std::make_shared<PointsOverlay>(),
+                                 {}};
+    std::vector<Coordinate> coordinates;
+    coordinates.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i) {
         const bool starts = i == 0 || points[i].segment != points[i - 1].segment;
         if (starts && points[i].airRoute) {
-            lines.airRoutes.emplace_back();
+            airRoutes.emplace_back();
         } else if (starts) {
-            lines.track.emplace_back();
-            lines.trackStarts.push_back(static_cast<std::int64_t>(i));
+            track.emplace_back();
+            overlays.lineStarts.push_back(static_cast<std::int64_t>(i));
         }
-        MapPolyline& line = points[i].airRoute ? lines.airRoutes.back() : lines.track.back();
+        MapPolyline& line = points[i].airRoute ? airRoutes.back() : track.back();
         line.points.push_back(points[i].coordinate);
+        coordinates.push_back(points[i].coordinate);
         if (scale && !points[i].airRoute) {
             const auto value = scale->find(static_cast<std::int64_t>(i));
             line.legColors.push_back(value == scale->end() ? QColor(150, 150, 150)
                                                            : SpeedLegend::colour(value->second));
         }
     }
-    return lines;
+    overlays.lines->setPolylines(track);
+    overlays.airLines->setPolylines(airRoutes);
+    overlays.points->setPoints(coordinates);
+    return overlays;
 }
 
 std::vector<Coordinate> coordinatesOf(const EditorModel& model) {
@@ -56,13 +62,10 @@ std::vector<Coordinate> coordinatesOf(const EditorModel& model) {
 
 MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     : QWidget(parent), m_model(model), m_map(new MapWidget(tiles)), m_legend(new SpeedLegend),
-      m_lines(std::make_shared<PolylineOverlay>()),
-      m_airLines(std::make_shared<PolylineOverlay>(QColor(120, 120, 120), 2)),
-      m_points(std::make_shared<PointsOverlay>()),
+      m_overlays(overlaysOf({}, nullptr)),
       m_selection(std::make_shared<PointsOverlay>(MarkerStyle::selection())),
       m_pending(std::make_shared<PointsOverlay>(MarkerStyle::pending())) {
-    m_map->addOverlay(m_airLines);
-    m_map->addOverlay(m_lines);
+    m_pool.setMaxThreadCount(1);
     auto* tools = new QHBoxLayout;
     tools->addWidget(toolButton(tr("Auswählen"), tr("Einen Punkt anklicken, um ihn zu wählen."),
                                 int(MapTool::select)));
@@ -93,11 +96,15 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     connect(&model, &EditorModel::mapToolChanged, this, &MapEditor::applyTool);
     // A refused move leaves the dragged point where the track still has it.
     connect(&model, &EditorModel::errorChanged, this, [this] {
-        m_points->setPoints(coordinatesOf(m_model));
+        m_overlays.points->setPoints(coordinatesOf(m_model));
         m_map->refreshOverlays();
     });
+    arrangeOverlays();
     showTrack();
-    applyTool();
+}
+
+MapEditor::~MapEditor() {
+    m_pool.waitForDone();
 }
 
 QToolButton* MapEditor::toolButton(const QString& text, const QString& help, int tool) {
@@ -113,15 +120,22 @@ QToolButton* MapEditor::toolButton(const QString& text, const QString& help, int
 }
 
 void MapEditor::showTrack() {
-    const bool coloured = m_model.speedScale().has_value();
-    if (m_model.mapRevision() != m_shownRevision || coloured != m_shownColoured) {
+    if (m_model.mapRevision() != m_shownRevision || m_model.speedScale().get() != m_shownScale) {
         m_shownRevision = m_model.mapRevision();
-        m_shownColoured = coloured;
-        auto lines = linesOf(m_model);
-        m_lines->setPolylines(lines.track);
-        m_airLines->setPolylines(lines.airRoutes);
-        m_lineStarts = std::move(lines.trackStarts);
-        m_points->setPoints(coordinatesOf(m_model));
+        m_shownScale = m_model.speedScale().get();
+        const auto request = ++m_requested;
+        auto* watcher = new QFutureWatcher<Overlays>(this);
+        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, request] {
+            watcher->deleteLater();
+            if (request == m_requested) {
+                m_installed = request;
+                install(watcher->result());
+            }
+        });
+        watcher->setFuture(QtConcurrent::run(
+            &m_pool, [points = m_model.mapPoints(), scale = m_model.speedScale()] {
+                return overlaysOf(points, scale);
+            }));
     }
     m_legend->setTop(m_model.speedScale() ? std::optional(m_model.speedScaleTop()) : std::nullopt);
     if (m_model.mapFitRequest() != m_shownFit) {
@@ -129,7 +143,33 @@ void MapEditor::showTrack() {
         m_map->fitCoordinates(coordinatesOf(m_model));
     }
     showSelection();
-    showPending();
+}
+
+void MapEditor::install(Overlays overlays) {
+    for (const auto* old : std::initializer_list<const MapOverlay*>{
+             m_overlays.lines.get(), m_overlays.airLines.get(), m_overlays.points.get()}) {
+        m_map->removeOverlay(old);
+    }
+    m_overlays = std::move(overlays);
+    // The tools hold the overlays they hit-test.
+    applyTool();
+}
+
+void MapEditor::arrangeOverlays() {
+    for (const auto* overlay : std::initializer_list<const MapOverlay*>{
+             m_overlays.airLines.get(), m_overlays.lines.get(), m_overlays.points.get(),
+             m_selection.get(), m_pending.get()}) {
+        m_map->removeOverlay(overlay);
+    }
+    m_map->addOverlay(m_overlays.airLines);
+    m_map->addOverlay(m_overlays.lines);
+    // Every point is drawn only while points are being dragged; the other tools
+    // still find them under the pointer, but the line stays readable.
+    if (m_model.mapTool() == MapTool::move) {
+        m_map->addOverlay(m_overlays.points);
+    }
+    m_map->addOverlay(m_selection);
+    m_map->addOverlay(m_pending);
 }
 
 void MapEditor::showSelection() {
@@ -156,37 +196,31 @@ void MapEditor::showPending() {
 void MapEditor::applyTool() {
     const auto tool = m_model.mapTool();
     m_tools.at(static_cast<std::size_t>(tool))->setChecked(true);
-    // Every point is drawn only while points are being dragged; the other tools
-    // still find them under the pointer, but the line stays readable.
-    for (const auto& overlay : {m_points, m_selection, m_pending}) {
-        m_map->removeOverlay(overlay.get());
-    }
-    if (tool == MapTool::move) {
-        m_map->addOverlay(m_points);
-    }
-    m_map->addOverlay(m_selection);
-    m_map->addOverlay(m_pending);
+    arrangeOverlays();
+    const auto points = m_overlays.points;
     auto picked = [this](std::optional<MapHit> hit, Coordinate where) {
         m_model.mapClicked(hit ? std::optional(hit->index) : std::nullopt, where);
     };
     switch (tool) {
     case MapTool::select:
-        m_map->setInteraction(std::make_unique<SelectInteraction>(m_points, picked));
+        m_map->setInteraction(std::make_unique<SelectInteraction>(points, picked));
         break;
     case MapTool::move:
         m_map->setInteraction(std::make_unique<DragPointInteraction>(
-            m_points, picked,
-            [this](std::int64_t index, Coordinate where) {
-                m_points->movePoint(static_cast<std::size_t>(index), where);
+            points, picked,
+            [this, points](std::int64_t index, Coordinate where) {
+                points->movePoint(static_cast<std::size_t>(index), where);
+                m_map->refreshOverlays();
             },
             [this](std::int64_t index, Coordinate where) { m_model.dragPoint(index, where); }));
         break;
     case MapTool::insert:
         m_map->setInteraction(std::make_unique<InsertPointInteraction>(
-            m_lines, [this](Coordinate where, std::optional<MapHit> leg) {
-                if (leg && leg->path >= 0 && leg->path < static_cast<int>(m_lineStarts.size())) {
-                    m_model.insertOnLine(
-                        m_lineStarts[static_cast<std::size_t>(leg->path)] + leg->index, where);
+            m_overlays.lines,
+            [this, starts = m_overlays.lineStarts](Coordinate where, std::optional<MapHit> leg) {
+                if (leg && leg->path >= 0 && leg->path < static_cast<int>(starts.size())) {
+                    m_model.insertOnLine(starts[static_cast<std::size_t>(leg->path)] + leg->index,
+                                         where);
                 } else {
                     m_model.mapClicked(std::nullopt, where);
                 }

@@ -4,7 +4,11 @@
 // points, the selection and the points waiting to be inserted, with the three
 // tools — select, move by dragging, insert by clicking on the line. Clicks and
 // drags go to the model; what the map shows always comes back from it.
+//
+// Preparing the lines of a long track takes a noticeable moment, so it runs on
+// a thread of the editor's map; the newest preparation replaces the shown one.
 
+#include <QThreadPool>
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -25,11 +29,25 @@ class MapEditor : public QWidget {
 
   public:
     MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent = nullptr);
+    ~MapEditor() override;
 
     MapWidget* map() const { return m_map; }
+    /// The lines of the model's current track are still being prepared.
+    bool isPreparing() const { return m_requested != m_installed; }
+
+    /// The overlays of one state of the track.
+    struct Overlays {
+        std::shared_ptr<PolylineOverlay> lines;
+        std::shared_ptr<PolylineOverlay> airLines;
+        std::shared_ptr<PointsOverlay> points;
+        // The displayed index of the first point of each line of `lines`.
+        std::vector<std::int64_t> lineStarts;
+    };
 
   private:
     void showTrack();
+    void install(Overlays overlays);
+    void arrangeOverlays();
     void showSelection();
     void showPending();
     void applyTool();
@@ -41,16 +59,15 @@ class MapEditor : public QWidget {
     QToolButton* m_finish = nullptr;
     QToolButton* m_cancel = nullptr;
     std::vector<QToolButton*> m_tools;
-    std::shared_ptr<PolylineOverlay> m_lines;
-    std::shared_ptr<PolylineOverlay> m_airLines;
-    std::shared_ptr<PointsOverlay> m_points;
+    Overlays m_overlays;
     std::shared_ptr<PointsOverlay> m_selection;
     std::shared_ptr<PointsOverlay> m_pending;
-    // The displayed index of the first point of each line of `m_lines`.
-    std::vector<std::int64_t> m_lineStarts;
     int m_shownRevision = -1;
-    bool m_shownColoured = false;
+    const void* m_shownScale = nullptr;
     int m_shownFit = 0;
+    std::uint64_t m_requested = 0;
+    std::uint64_t m_installed = 0;
+    QThreadPool m_pool;
 };
 
 } // namespace trackloom

@@ -9,6 +9,7 @@
 
 #include "app/editor/editor_commands.h"
 #include "app/editor/editor_view.h"
+#include "app/editor/map_editor.h"
 #include "app/shell/user_dialogs.h"
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
@@ -39,9 +40,9 @@ struct Run {
     double longestPause = 0;
 };
 
-// Starts `request`, then runs the event loop until the model is idle, probing
+// Starts `request`, then runs the event loop until nothing is `busy`, probing
 // every 5 ms how long the loop could not answer.
-Run untilIdle(EditorModel& model, const std::function<void()>& request) {
+Run untilIdle(const std::function<bool()>& busy, const std::function<void()>& request) {
     QElapsedTimer clock;
     qint64 lastTick = 0;
     double longestPause = 0;
@@ -57,7 +58,7 @@ Run untilIdle(EditorModel& model, const std::function<void()>& request) {
     request();
     longestPause = std::max(longestPause, static_cast<double>(clock.elapsed()));
     lastTick = clock.elapsed();
-    while (model.busy()) {
+    while (busy()) {
         QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
     }
     QCoreApplication::processEvents();
@@ -91,13 +92,14 @@ int main(int argc, char** argv) {
                         }).get();
 
     EditorModel model(settings, dialogs, *date::locate_zone("UTC"));
+    const auto modelBusy = [&] { return model.busy(); };
     std::vector<double> opens, openPauses, edits, editPauses;
     for (int i = 0; i < repetitions; ++i) {
-        const Run open = untilIdle(model, [&] { model.load(file); });
+        const Run open = untilIdle(modelBusy, [&] { model.load(file); });
         opens.push_back(open.milliseconds);
         openPauses.push_back(open.longestPause);
         const auto middle = static_cast<std::int64_t>(model.track()->points().size() / 2);
-        const Run edit = untilIdle(model, [&] {
+        const Run edit = untilIdle(modelBusy, [&] {
             model.selectPoint(middle);
             model.deleteSelected();
         });
@@ -109,8 +111,9 @@ int main(int argc, char** argv) {
     EditorView view(model, commands, nullptr);
     view.resize(1280, 800);
     view.show();
-    const Run shownOpen = untilIdle(model, [&] { model.load(file); });
-    const Run shownEdit = untilIdle(model, [&] {
+    const auto screensBusy = [&] { return model.busy() || view.mapEditor()->isPreparing(); };
+    const Run shownOpen = untilIdle(screensBusy, [&] { model.load(file); });
+    const Run shownEdit = untilIdle(screensBusy, [&] {
         model.selectPoint(static_cast<std::int64_t>(model.track()->points().size() / 2));
         model.deleteSelected();
     });

@@ -81,7 +81,9 @@ TEST_F(EditorScreens, MapEditorSelectsAndInsertsWhereTheUserClicks) {
     MapEditor editor(model, nullptr);
     show(editor);
     loadSample();
-    QCoreApplication::processEvents();
+    while (editor.isPreparing()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    }
     MapWidget* map = editor.map();
     const auto screenOf = [&](std::size_t i) {
         return map->viewport().toScreen(model.mapPoints()[i].coordinate).toPoint();
