@@ -102,17 +102,22 @@ void EditorModel::exportSelectedSegment() {
         setError(tr("Bitte übernimm zuerst die gewünschten Zeiten."));
         return;
     }
-    if (!m_track || !m_selectedPointID) {
+    static const std::vector<GPXSegment> noSegments;
+    const auto& segments = m_track ? m_track->segments() : noSegments;
+    auto segment = segments.end();
+    if (m_track && m_selectedPointID) {
+        const auto& point = m_track->points().at(static_cast<std::size_t>(*m_selectedPointID));
+        segment = std::ranges::find(segments, point.segment, &GPXSegment::id);
+    }
+    if (segment == segments.end()) {
         setError(tr("Kein Abschnitt ausgewählt."));
         return;
     }
-    const auto& point = m_track->points().at(static_cast<std::size_t>(*m_selectedPointID));
-    const auto segment = std::ranges::find(m_track->segments(), point.segment, &GPXSegment::id);
     const auto destination = m_dialogs.fileToSave(
         tr("Abschnitt exportieren"),
         sectionExportName(m_filename, QString::fromStdString(segment->name)), gpxFileFilters());
     if (destination) {
-        writeExport({EditorExport::Kind::section, m_track, pendingShift(), point.segment,
+        writeExport({EditorExport::Kind::section, m_track, pendingShift(), segment->id,
                      *destination,
                      tr("Abschnitt gespeichert: ") + QFileInfo(*destination).fileName()});
     }

@@ -80,7 +80,7 @@ void SummaryView::refresh() {
     }
     const auto& analysis = track->analysis();
     const auto timeText = [this](std::optional<Instant> time) {
-        return time ? dateTimeOf(*time, m_model.useUTC()).toString(tr("dd.MM.yyyy HH:mm:ss"))
+        return time ? wallClockOf(*time, m_model.zone()).toString(tr("dd.MM.yyyy HH:mm:ss"))
                     : QStringLiteral("–");
     };
     set(tr("Name"), QString::fromStdString(track->name()));

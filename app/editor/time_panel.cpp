@@ -88,6 +88,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
 QDateTimeEdit* TimePanel::dateTimeEdit() {
     auto* edit = new QDateTimeEdit;
     edit->setDisplayFormat(tr("dd.MM.yyyy HH:mm:ss"));
+    edit->setTimeSpec(Qt::UTC);
     return edit;
 }
 
@@ -97,10 +98,16 @@ void TimePanel::connectEdits() {
         m_model.setGenerationMode(on ? GenerationMode::startAndEnd : GenerationMode::speed);
     });
     connect(m_utc, &QCheckBox::toggled, &m_model, &EditorModel::setUseUTC);
-    connect(m_start, &QDateTimeEdit::dateTimeChanged, this,
-            [this](const QDateTime& value) { m_model.setNewStart(instantOf(value)); });
-    connect(m_end, &QDateTimeEdit::dateTimeChanged, this,
-            [this](const QDateTime& value) { m_model.setNewEnd(instantOf(value)); });
+    connect(m_start, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
+        if (const auto start = instantOfWallClock(value, m_model.zone())) {
+            m_model.setNewStart(*start);
+        }
+    });
+    connect(m_end, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
+        if (const auto end = instantOfWallClock(value, m_model.zone())) {
+            m_model.setNewEnd(*end);
+        }
+    });
     connect(m_speed, &QDoubleSpinBox::valueChanged, &m_model, &EditorModel::setSyntheticSpeed);
     connect(m_startDay, &DataCalendarButton::chosen, this,
             [this](Instant first, Instant) { m_model.pickStartDay(first); });
@@ -127,11 +134,8 @@ void TimePanel::refresh() {
         m_byEndpoints->setChecked(byEndpoints);
         m_bySpeed->setChecked(!byEndpoints);
         m_utc->setChecked(utc);
-        for (QDateTimeEdit* edit : {m_start, m_end}) {
-            edit->setTimeSpec(utc ? Qt::UTC : Qt::LocalTime);
-        }
-        m_start->setDateTime(dateTimeOf(m_model.newStart(), utc));
-        m_end->setDateTime(dateTimeOf(m_model.newEnd(), utc));
+        m_start->setDateTime(wallClockOf(m_model.newStart(), m_model.zone()));
+        m_end->setDateTime(wallClockOf(m_model.newEnd(), m_model.zone()));
         m_speed->setValue(m_model.syntheticSpeed());
     }
     // Counting a long track's days takes a moment; only another track or zone needs it.
