@@ -27,12 +27,16 @@ void EditorModel::runOnSession(SessionWork work, SessionEffects effects) {
             return [=, this] {
                 if (epoch == m_sessionEpoch) {
                     finishSessionWork(session, effects, status);
+                } else {
+                    retire(session);
                 }
             };
         } catch (const GPXError& error) {
             return [=, this, message = QString::fromStdString(error.message())] {
                 if (epoch == m_sessionEpoch) {
                     finishSessionWork(session, effects, std::nullopt, message);
+                } else {
+                    retire(session);
                 }
             };
         }

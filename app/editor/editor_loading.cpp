@@ -89,11 +89,13 @@ void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()
         try {
             auto session = std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
             return [=, this] {
-                if (generation == m_loadGeneration) {
-                    adopt();
-                    showNewSession(session);
-                    setStatus(successStatus(*session->track()));
+                if (generation != m_loadGeneration) {
+                    retire(session);
+                    return;
                 }
+                adopt();
+                showNewSession(session);
+                setStatus(successStatus(*session->track()));
             };
         } catch (const GPXError& error) {
             return [=, this, message = QString::fromStdString(error.message())] {

@@ -67,7 +67,10 @@ void EditorModel::inBackground(std::function<Publish()> work) {
     connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher] {
         watcher->deleteLater();
         // State changes before busy ends, so whoever waits for idle sees the result.
-        watcher->result()();
+        Publish publish = watcher->future().takeResult();
+        publish();
+        // What the result held is either shown now or retired, never freed here.
+        publish = nullptr;
         releaseRetired();
         if (--m_runningJobs == 0) {
             emit busyChanged(false);
