@@ -171,6 +171,51 @@ TEST_F(Edits, HidingAirRoutesIsRememberedAndNotAnUndoStep) {
     EXPECT_EQ(model().track()->points().size(), 4u);
 }
 
+TEST_F(Edits, GeneratesTimesFromASpeedOfAtMostOneThousand) {
+    model().previewGenerated();
+    EXPECT_EQ(error(), "Bitte öffne zuerst einen Track.");
+
+    openDocument(gpxDocument({walk(3)}));
+    model().setGenerate(true);
+    model().setNewStart(testTime(3600));
+    for (const double refused : {0.0, 1000.0001, -5.0}) {
+        model().setSyntheticSpeed(refused);
+        model().previewGenerated();
+        settle();
+        EXPECT_EQ(error(),
+                  "Bitte gib eine Geschwindigkeit größer als 0 und höchstens 1.000 km/h ein.");
+        EXPECT_EQ(model().track()->start(), testTime(0));
+    }
+    model().setSyntheticSpeed(1000);
+    model().previewGenerated();
+    settle();
+    EXPECT_EQ(model().status(), "Zeitstempel mit 1000 km/h erzeugt. Bereit zum Export.");
+    EXPECT_EQ(model().track()->start(), testTime(3600));
+    EXPECT_TRUE(model().timeFieldsApplied());
+    EXPECT_FALSE(model().canUndo());
+    EXPECT_FALSE(model().structuralDirty());
+}
+
+TEST_F(Edits, SpreadsTimesBetweenAStartAndAnEnd) {
+    openDocument(gpxDocument({walk(3)}));
+    model().setGenerate(true);
+    model().setGenerationMode(GenerationMode::startAndEnd);
+    model().setNewStart(testTime(0));
+    model().setNewEnd(testTime(-1));
+    model().previewGenerated();
+    EXPECT_EQ(error(), "Die Endzeit muss nach der Startzeit liegen. Für eine Fahrt über "
+                       "Mitternacht wähle auch das passende Enddatum.");
+
+    // 222.4 m in 80 s.
+    model().setNewEnd(testTime(80));
+    ASSERT_TRUE(model().impliedSpeed());
+    EXPECT_NEAR(*model().impliedSpeed(), 10.0, 0.01);
+    model().previewGenerated();
+    settle();
+    EXPECT_EQ(model().status(), "Start und Ende übernommen · Ø 10,0 km/h · Bereit zum Export.");
+    EXPECT_EQ(model().track()->end(), testTime(80));
+}
+
 TEST_F(Edits, ColoursBySpeedWithTheNinetyFifthPercentileOnTop) {
     openSample();
     EXPECT_FALSE(model().speedScale());
