@@ -2,7 +2,6 @@
 
 #include "core/base/xml/xml_layout.h"
 
-#include <algorithm>
 #include <libxml/tree.h>
 
 namespace trackloom {
@@ -125,14 +124,12 @@ void redeclareMovedNamespaces(xml::Element element) {
 
 void dropRepeatedDeclarations(xml::Element copy) {
     xmlNodePtr top = copy.node();
-    const auto* span = xml::detail::spanOf(top);
-    int recorded = span ? span->declaredNamespaces : 0;
     xmlNsPtr* link = &top->nsDef;
     while (*link != nullptr) {
         xmlNsPtr declaration = *link;
         const xmlNsPtr outer =
             top->parent ? xmlSearchNs(top->doc, top->parent, declaration->prefix) : nullptr;
-        if (recorded-- <= 0 && outer != nullptr && xmlStrEqual(outer->href, declaration->href)) {
+        if (outer != nullptr && xmlStrEqual(outer->href, declaration->href)) {
             repoint(top, declaration, outer);
             *link = declaration->next;
             xmlFreeNs(declaration);
@@ -151,13 +148,6 @@ std::vector<std::pair<std::string, std::string>> namespaceDeclarations(xml::Elem
 }
 
 void declareNamespace(xml::Element element, const std::string& prefix, const std::string& uri) {
-    // The recorded start tag holds the declarations there are now; the serialiser
-    // writes the ones added after them.
-    if (auto* span = xml::detail::spanOf(element.node());
-        span != nullptr && span->declaredNamespaces == xml::detail::Span::allDeclared) {
-        span->declaredNamespaces = static_cast<std::uint16_t>(std::min<std::size_t>(
-            namespaceDeclarations(element).size(), xml::detail::Span::allDeclared - 1));
-    }
     xml::detail::markDirty(element.node());
     xmlNewNs(element.node(), asXml(uri), prefix.empty() ? nullptr : asXml(prefix));
 }

@@ -1,18 +1,10 @@
 #include "tools/cli/gpx_edit_support.h"
 
-#include "core/base/original_file_protection.h"
-
 #include <charconv>
 #include <filesystem>
 
 namespace trackloom::cli {
 namespace {
-
-void checkNotOpened(const std::string& destination, const std::vector<std::string>& opened) {
-    for (const auto& file : opened) {
-        OriginalFileProtection::checkExport(destination, std::filesystem::path(file));
-    }
-}
 
 template <typename Number> std::optional<Number> number(std::string_view text) {
     Number value{};
@@ -39,8 +31,7 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 
 std::string saveResult(const GPXTrack& track, const std::string& destination,
                        const std::vector<std::string>& opened) {
-    checkNotOpened(destination, opened);
-    return saveTrack(track, destination, std::nullopt);
+    return saveTrack(track, destination, opened);
 }
 
 std::string saveBytes(const std::string& bytes, const std::string& destination,
