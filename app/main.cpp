@@ -2,6 +2,7 @@
 // and the workspaces are put together once for the life of the process.
 
 #include "app/map/tile_source.h"
+#include "app/shell/headless_dialogs.h"
 #include "app/shell/launch_options.h"
 #include "app/shell/main_window.h"
 #include "app/shell/native_dialogs.h"
@@ -44,13 +45,16 @@ int main(int argc, char** argv) {
 
     QSettings store;
     AppSettings settings(store);
-    NativeDialogs dialogs(settings);
+    NativeDialogs nativeDialogs(settings);
+    HeadlessDialogs headlessDialogs;
+    // Nobody is there to answer a dialog while a screenshot is taken.
+    UserDialogs& dialogs = screenshot ? static_cast<UserDialogs&>(headlessDialogs) : nativeDialogs;
     // A screenshot shows the map without tiles rather than depending on the network.
     TileSource tiles(screenshot ? QString() : settings.tileURLTemplate(),
                      AppSettings::tileCacheFolder(),
                      screenshot ? nullptr : std::make_unique<NetworkTileFetcher>());
     MainWindow window(settings, dialogs, tiles);
-    dialogs.setParentWindow(&window);
+    nativeDialogs.setParentWindow(&window);
 
     window.openFiles(options.files);
     if (options.screenshotPath) {

@@ -1,11 +1,24 @@
 #include "app/map/graticule.h"
 
+#include <QCoreApplication>
+#include <QLocale>
 #include <array>
 #include <cmath>
 
 namespace trackloom {
+namespace {
 
-double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
+QString degreeLabel(double value, const char* positive, const char* negative) {
+    const QString hemisphere =
+        QCoreApplication::translate("trackloom", value > 0 ? positive : negative);
+    const double magnitude = std::abs(value) < 1e-9 ? 0 : std::abs(value);
+    return QLocale().toString(magnitude, 'g', 6) + QStringLiteral("° ") +
+           (magnitude == 0 ? QString() : hemisphere);
+}
+
+// Degrees between lines, so that they lie at least 90 pixels apart.
+double graticuleSpacing(const MapViewport& viewport) {
+    constexpr double minimumPixels = 90;
     static constexpr std::array steps{30.0, 10.0, 5.0,  2.0,  1.0,   0.5,   0.2,
                                       0.1,  0.05, 0.02, 0.01, 0.005, 0.002, 0.001};
     const double pixelsPerDegree = viewport.worldSize() / 360.0;
@@ -19,6 +32,8 @@ double graticuleSpacing(const MapViewport& viewport, double minimumPixels) {
     return chosen;
 }
 
+} // namespace
+
 void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     const QRectF world(viewport.toScreen(MapPoint{0, 0}), viewport.toScreen(MapPoint{1, 1}));
     painter.fillRect(QRectF(QPointF(0, 0), viewport.size()), QColor(214, 220, 226));
@@ -28,20 +43,32 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     const Coordinate bottomRight =
         viewport.toCoordinate({viewport.size().width(), viewport.size().height()});
     painter.save();
-    painter.setPen(QPen(QColor(190, 196, 204), 1));
+    const QColor lineColor(190, 196, 204);
+    const QColor labelColor(120, 128, 138);
+    QFont font = painter.font();
+    font.setPointSizeF(font.pointSizeF() * 0.8);
+    painter.setFont(font);
     const double firstLongitude =
         std::max(-180.0, std::floor(topLeft.longitude / spacing) * spacing);
     for (double longitude = firstLongitude; longitude <= std::min(180.0, bottomRight.longitude);
          longitude += spacing) {
         const double x = viewport.toScreen(Coordinate{0, longitude}).x();
+        painter.setPen(lineColor);
         painter.drawLine(QPointF(x, world.top()), QPointF(x, world.bottom()));
+        painter.setPen(labelColor);
+        painter.drawText(QPointF(x + 3, std::max(0.0, world.top()) + 12),
+                         degreeLabel(longitude, "O", "W"));
     }
     const double lowest = std::max(-mercatorLatitudeLimit, bottomRight.latitude);
     const double highest = std::min(mercatorLatitudeLimit, topLeft.latitude);
     for (double latitude = std::ceil(lowest / spacing) * spacing; latitude <= highest;
          latitude += spacing) {
         const double y = viewport.toScreen(Coordinate{latitude, 0}).y();
+        painter.setPen(lineColor);
         painter.drawLine(QPointF(world.left(), y), QPointF(world.right(), y));
+        painter.setPen(labelColor);
+        painter.drawText(QPointF(std::max(0.0, world.left()) + 3, y + 12),
+                         degreeLabel(latitude, "N", "S"));
     }
     painter.restore();
 }

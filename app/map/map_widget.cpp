@@ -29,7 +29,6 @@ constexpr double keyPanPixels = 80;
 MapWidget::MapWidget(TileSource* tiles, QWidget* parent) : QWidget(parent), m_tiles(tiles) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
-    setMouseTracking(false);
     setCursor(Qt::OpenHandCursor);
     grabGesture(Qt::PinchGesture);
     if (m_tiles) {
@@ -129,17 +128,26 @@ bool MapWidget::paintFallbackTile(QPainter& painter, TileKey tile) const {
 }
 
 void MapWidget::paintNotes(QPainter& painter) const {
-    const QString text = tilesShown() ? tr("© OpenStreetMap-Mitwirkende")
-                                      : tr("Kartenmaterial ist nicht verfügbar.");
     QFont font = this->font();
     font.setPointSizeF(font.pointSizeF() * 0.85);
     painter.setFont(font);
     const QFontMetricsF metrics(font);
-    const QSizeF box(metrics.horizontalAdvance(text) + 10, metrics.height() + 4);
-    const QRectF rect(QPointF(width() - box.width(), height() - box.height()), box);
-    painter.fillRect(rect, QColor(255, 255, 255, 200));
-    painter.setPen(QColor(40, 40, 40));
-    painter.drawText(rect, Qt::AlignCenter, text);
+    const auto note = [&](const QString& text, bool right) {
+        const QSizeF box(metrics.horizontalAdvance(text) + 10, metrics.height() + 4);
+        const QPointF corner(right ? width() - box.width() : 0, height() - box.height());
+        const QRectF rect(corner, box);
+        painter.fillRect(rect, QColor(255, 255, 255, 200));
+        painter.setPen(QColor(40, 40, 40));
+        painter.drawText(rect, Qt::AlignCenter, text);
+    };
+    // Tiles from the disk cache may show while the server is unreachable, and
+    // whatever tiles show need their attribution.
+    if (m_tiles && !m_tiles->isOffline()) {
+        note(tr("© OpenStreetMap-Mitwirkende"), true);
+    }
+    if (!tilesShown()) {
+        note(tr("Kartenmaterial ist nicht verfügbar."), !m_tiles || m_tiles->isOffline());
+    }
 }
 
 void MapWidget::resizeEvent(QResizeEvent*) {

@@ -41,7 +41,6 @@ class MapWidget : public QWidget, private MapInteractionHost {
 
     /// Makes `interaction` the active mode (null: dragging only pans).
     void setInteraction(std::unique_ptr<MapInteraction> interaction);
-    MapInteraction* interaction() const { return m_interaction.get(); }
 
     QSize sizeHint() const override { return {640, 480}; }
 

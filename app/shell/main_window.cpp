@@ -6,8 +6,10 @@
 #include "app/shell/shell_menus.h"
 #include "app/shell/welcome_view.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QFileInfo>
+#include <QFileOpenEvent>
 #include <QListWidget>
 #include <QMimeData>
 #include <QSplitter>
@@ -49,6 +51,8 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     connect(m_menus, &ShellMenus::settingsRequested, this, &MainWindow::showSettings);
     connect(m_menus, &ShellMenus::aboutRequested, this, &MainWindow::showAbout);
 
+    // On macOS, files opened from the Finder arrive as events of the application.
+    qApp->installEventFilter(this);
     resize(1200, 800);
     restoreGeometry(m_settings.windowGeometry());
     restoreState(m_settings.windowState());
@@ -130,6 +134,14 @@ void MainWindow::chooseAndOpenFile() {
 
 bool MainWindow::isBusy() const {
     return std::ranges::any_of(m_workspaces, [](const Workspace* w) { return w->isBusy(); });
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == qApp && event->type() == QEvent::FileOpen) {
+        openFiles({static_cast<QFileOpenEvent*>(event)->file()});
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {

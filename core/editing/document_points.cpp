@@ -4,29 +4,12 @@
 #include <set>
 
 namespace trackloom {
-namespace {
-
-void appendChildren(std::vector<xml::Element>& out, xml::Element parent, std::string_view name,
-                    std::string_view namespaceURI) {
-    for (auto child = parent.firstChild(name, namespaceURI); child;
-         child = child->nextSibling(name, namespaceURI)) {
-        out.push_back(*child);
+std::vector<xml::Element> pointElements(const GPXTrack& track, xml::Element root) {
+    std::vector<xml::Element> elements;
+    for (const auto& node : track.pointNodes(root)) {
+        elements.push_back(node.element);
     }
-}
-
-} // namespace
-
-std::vector<xml::Element> pointElements(xml::Element root, std::string_view namespaceURI) {
-    std::vector<xml::Element> result;
-    for (const auto& track : root.children("trk", namespaceURI)) {
-        for (const auto& segment : track.children("trkseg", namespaceURI)) {
-            appendChildren(result, segment, "trkpt", namespaceURI);
-        }
-    }
-    for (const auto& route : root.children("rte", namespaceURI)) {
-        appendChildren(result, route, "rtept", namespaceURI);
-    }
-    return result;
+    return elements;
 }
 
 std::vector<xml::Element> airRouteElements(const GPXTrack& track, xml::Element root) {

@@ -10,10 +10,9 @@
 
 namespace trackloom {
 
-/// The point elements under `root` in reading order (every trkpt of every trkseg
-/// of every trk, then every rtept of every rte), looked up in `namespaceURI`; the
-/// element at position i is the point whose id is i.
-std::vector<xml::Element> pointElements(xml::Element root, std::string_view namespaceURI);
+/// The point elements of an editable copy of `track` (its root given) in the
+/// order of the track's points: position i holds the point whose id is i.
+std::vector<xml::Element> pointElements(const GPXTrack& track, xml::Element root);
 
 /// The rte elements of the track's air routes in an editable copy of it.
 std::vector<xml::Element> airRouteElements(const GPXTrack& track, xml::Element root);

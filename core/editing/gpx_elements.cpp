@@ -1,7 +1,5 @@
 #include "core/editing/gpx_elements.h"
 
-#include "core/editing/tree_helpers.h"
-
 #include <charconv>
 
 namespace trackloom {
@@ -69,7 +67,7 @@ void setNameChild(xml::Document& document, xml::Element element, std::string_vie
     auto existing = element.firstChild("name", namespaceURI);
     if (!existing) {
         existing = document.createElement("name", namespaceURI, element.prefix(), element);
-        insertAsFirstChild(element, *existing);
+        element.prependChild(*existing);
     }
     existing->setText(name);
 }

@@ -5,7 +5,6 @@
 #include "core/editing/gpx_elements.h"
 #include "core/editing/time_elements.h"
 #include "core/editing/time_transfer.h"
-#include "core/editing/tree_helpers.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,7 +87,7 @@ TrackPtr splitting(const GPXTrack& track, std::int64_t id, const std::string& fi
     }
     auto copy = track.editableCopy();
     const auto& namespaceURI = track.namespaceURI();
-    const auto elements = pointElements(copy.root, namespaceURI);
+    const auto elements = pointElements(track, copy.root);
     if (id >= static_cast<std::int64_t>(elements.size())) {
         throw GPXError("Der ausgewählte Punkt wurde nicht gefunden.");
     }
@@ -101,17 +100,13 @@ TrackPtr splitting(const GPXTrack& track, std::int64_t id, const std::string& fi
     const auto pointIndex = positionOf(section.children(chosen.localName(), namespaceURI), chosen);
 
     const auto airRoutes = airRouteElements(track, copy.root);
-    auto secondPart = copiedElement(container, copy.root);
-    if (!secondPart) {
-        throw GPXError("Die GPX-Datei konnte nicht kopiert werden.");
-    }
+    auto secondPart = container.copyInto(copy.document);
     keepPart(container, segmentIndex, pointIndex, false, isRoute, namespaceURI);
-    keepPart(*secondPart, segmentIndex, pointIndex, true, isRoute, namespaceURI);
-    container.insertAfter(*secondPart);
-    reconcileNamespaces(*secondPart);
+    keepPart(secondPart, segmentIndex, pointIndex, true, isRoute, namespaceURI);
+    container.insertAfter(secondPart);
     // Linked first, so that a new name element finds its namespace in scope.
     setNameChild(copy.document, container, namespaceURI, first);
-    setNameChild(copy.document, *secondPart, namespaceURI, second);
+    setNameChild(copy.document, secondPart, namespaceURI, second);
     return readBack(std::move(copy), track, airRoutes);
 }
 
@@ -166,7 +161,7 @@ TrackPtr removingPoints(const GPXTrack& track, const std::set<std::int64_t>& ids
     }
     auto copy = track.editableCopy();
     const auto airRoutes = airRouteElements(track, copy.root);
-    auto elements = pointElements(copy.root, track.namespaceURI());
+    auto elements = pointElements(track, copy.root);
     for (const auto id : ids) {
         if (isValidID(track, id)) {
             elements[static_cast<std::size_t>(id)].remove();
@@ -185,7 +180,7 @@ TrackPtr movingPoint(const GPXTrack& track, std::int64_t id, Coordinate to) {
     }
     auto copy = track.editableCopy();
     const auto airRoutes = airRouteElements(track, copy.root);
-    auto element = pointElements(copy.root, track.namespaceURI())[static_cast<std::size_t>(id)];
+    auto element = pointElements(track, copy.root)[static_cast<std::size_t>(id)];
     setPosition(element, to);
     return readBack(std::move(copy), track, airRoutes);
 }
@@ -219,7 +214,7 @@ TrackPtr inserting(const GPXTrack& track, const std::vector<Coordinate>& coordin
     auto copy = track.editableCopy();
     const auto& namespaceURI = track.namespaceURI();
     const auto airRoutes = airRouteElements(track, copy.root);
-    const auto elements = pointElements(copy.root, namespaceURI);
+    const auto elements = pointElements(track, copy.root);
     if (afterID >= static_cast<std::int64_t>(elements.size()) ||
         !elements[static_cast<std::size_t>(afterID)].parent()) {
         throw GPXError("Der Punkt konnte nicht gefunden werden.");

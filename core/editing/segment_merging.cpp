@@ -3,7 +3,6 @@
 #include "core/base/gpx_error.h"
 #include "core/editing/document_points.h"
 #include "core/editing/gpx_elements.h"
-#include "core/editing/tree_helpers.h"
 
 #include <algorithm>
 
@@ -50,7 +49,7 @@ TrackPtr mergingSegments(const GPXTrack& track) {
     auto copy = track.editableCopy();
     const auto& namespaceURI = track.namespaceURI();
     const auto airRoutes = airRouteElements(track, copy.root);
-    const auto points = pointElements(copy.root, namespaceURI);
+    const auto points = pointElements(track, copy.root);
 
     auto merged = newElement(copy, "trk", namespaceURI, copy.root);
     insertBeforeRootExtensions(copy.root, merged, namespaceURI);
@@ -65,7 +64,7 @@ TrackPtr mergingSegments(const GPXTrack& track) {
         }
     }
     // The points may have used declarations of the containers about to go.
-    reconcileNamespaces(merged);
+    merged.reconcileNamespaces();
     for (auto old : copy.root.children("trk", namespaceURI)) {
         if (!(old == merged)) {
             old.remove();
@@ -99,7 +98,7 @@ TrackPtr singleTrack(const GPXTrack& track, const std::string& name) {
     }
     if (chosen->localName() == "rte") {
         chosen->setLocalName("trk");
-        adoptNamespace(*chosen, copy.root);
+        chosen->adoptNamespace(copy.root);
         auto segment = newElement(copy, "trkseg", namespaceURI, *chosen);
         for (auto point : chosen->children("rtept", namespaceURI)) {
             moveAsTrackPoint(point, segment);

@@ -1,6 +1,5 @@
 #include "core/editing/time_elements.h"
 
-#include "core/editing/tree_helpers.h"
 #include "core/track/gpx_track.h"
 
 namespace trackloom {
@@ -29,7 +28,7 @@ xml::Element ensuredTimeElement(xml::Document& document, xml::Element point,
     if (lastElevation) {
         lastElevation->insertAfter(time);
     } else {
-        insertAsFirstChild(point, time);
+        point.prependChild(time);
     }
     return time;
 }

@@ -18,7 +18,7 @@ std::string generatedTimes(const GPXTrack& track, Instant start, Timestamp times
     auto copy = track.editableCopy();
     const auto& namespaceURI = track.namespaceURI();
     const auto& points = track.points();
-    const auto elements = pointElements(copy.root, namespaceURI);
+    const auto elements = pointElements(track, copy.root);
     double distance = 0;
     for (std::size_t index = 0; index < elements.size(); ++index) {
         if (index > 0 && points[index].segment == points[index - 1].segment) {

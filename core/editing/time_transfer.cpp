@@ -22,7 +22,7 @@ TrackPtr materializingTimes(const GPXTrack& source, const GPXTrack& from, bool r
     auto copy = copyForTransfer(source);
     const auto& namespaceURI = source.namespaceURI();
     const auto& times = from.points();
-    const auto elements = pointElements(copy.root, namespaceURI);
+    const auto elements = pointElements(source, copy.root);
     std::size_t next = 0;
     for (std::size_t id = 0; id < elements.size(); ++id) {
         if (removesAirRoutes && source.airRoutePointIDs().contains(static_cast<std::int64_t>(id))) {

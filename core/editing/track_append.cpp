@@ -3,7 +3,6 @@
 #include "core/base/gpx_error.h"
 #include "core/editing/document_points.h"
 #include "core/editing/gpx_elements.h"
-#include "core/editing/tree_helpers.h"
 
 #include <algorithm>
 
@@ -35,8 +34,11 @@ bool isAirRoute(const GPXTrack& track, std::int64_t routeIndex) {
 /// Moves an element of the other file into the combined file's namespace and
 /// prefix, with its GPX descendants; extension content keeps its own names.
 void normalize(xml::Element element, std::string_view otherNamespace, xml::Element root) {
-    if (element.namespaceURI() == otherNamespace) {
-        adoptNamespace(element, root);
+    // An element already written as this file writes it keeps its recorded bytes.
+    const bool differs =
+        element.prefix() != root.prefix() || element.namespaceURI() != root.namespaceURI();
+    if (element.namespaceURI() == otherNamespace && differs) {
+        element.adoptNamespace(root);
     }
     if (element.localName() == "extensions") {
         return;
@@ -64,13 +66,8 @@ class Combiner {
     Content cloneOther(const GPXTrack& other) {
         const auto otherRoot = *other.xml().root();
         declareMissingNamespaces(otherRoot);
-        return collect(other, otherRoot, [&](xml::Element element) {
-            const auto clone = copiedElement(element, m_copy.root);
-            if (!clone) {
-                throw GPXError(joinFailed);
-            }
-            return *clone;
-        });
+        return collect(other, otherRoot,
+                       [&](xml::Element element) { return element.copyInto(m_copy.document); });
     }
 
     void clearRoot() {
@@ -129,13 +126,13 @@ class Combiner {
     }
 
     void declareMissingNamespaces(xml::Element otherRoot) {
-        const auto own = namespaceDeclarations(m_copy.root);
-        for (const auto& [prefix, uri] : namespaceDeclarations(otherRoot)) {
+        const auto own = m_copy.root.namespaceDeclarations();
+        for (const auto& [prefix, uri] : otherRoot.namespaceDeclarations()) {
             const bool declared = std::any_of(own.begin(), own.end(), [&](const auto& existing) {
                 return existing.first == prefix;
             });
             if (!declared) {
-                declareNamespace(m_copy.root, prefix, uri);
+                m_copy.root.declareNamespace(prefix, uri);
             }
         }
     }
@@ -172,11 +169,9 @@ TrackPtr appending(const GPXTrack& track, const GPXTrack& other) {
                              own.tracks, added.tracks}) {
         combiner.insert(part);
     }
-    // Only once linked can the copies share the root's declarations; then their
-    // GPX elements take this file's namespace and prefix.
     for (const auto& part : {added.waypoints, added.airRoutes, added.tracks}) {
-        for (const auto& element : part) {
-            reconcileNamespaces(element);
+        for (auto element : part) {
+            element.reconcileNamespaces();
             normalize(element, other.namespaceURI(), copy.root);
         }
     }

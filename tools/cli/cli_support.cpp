@@ -13,9 +13,10 @@ TrackPtr openTrack(const std::string& path) {
 }
 
 std::string saveTrack(const GPXTrack& track, const std::string& destination,
-                      const std::optional<std::string>& source) {
-    OriginalFileProtection::checkExport(
-        destination, source ? std::optional<std::filesystem::path>(*source) : std::nullopt);
+                      const std::vector<std::string>& opened) {
+    for (const auto& source : opened) {
+        OriginalFileProtection::checkExport(destination, std::filesystem::path(source));
+    }
     writeFileAtomically(destination, track.data());
     JsonWriter json;
     json.beginObject()

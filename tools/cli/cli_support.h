@@ -5,8 +5,8 @@
 
 #include "core/track/gpx_track.h"
 
-#include <optional>
 #include <string>
+#include <vector>
 
 namespace trackloom::cli {
 
@@ -15,10 +15,10 @@ namespace trackloom::cli {
 TrackPtr openTrack(const std::string& path);
 
 /// Writes the track's data to `destination` through a temporary file beside it,
-/// refusing to overwrite `source` (the opened file, when there is one). Returns
-/// the one-line summary of the written track, {"points":N,"segments":N}.
-/// Throws `GPXError`; a refused or failed write leaves `destination` untouched.
+/// refusing to overwrite any of the `opened` files. Returns the one-line summary
+/// of the written track, {"points":N,"segments":N}. Throws `GPXError`; a refused
+/// or failed write leaves `destination` untouched.
 std::string saveTrack(const GPXTrack& track, const std::string& destination,
-                      const std::optional<std::string>& source);
+                      const std::vector<std::string>& opened);
 
 } // namespace trackloom::cli

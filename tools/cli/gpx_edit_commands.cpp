@@ -1,114 +1,94 @@
 // The track operations on the command line: each reads FILE, runs one core
 // operation and writes the result to OUT, never over a file it was given.
 
-#include "core/base/file_io.h"
-#include "core/base/gpx_error.h"
 #include "core/base/json_writer.h"
+#include "core/editing/point_edits.h"
+#include "core/editing/segment_merging.h"
 #include "core/editing/time_operations.h"
-#include "core/track/gpx_track.h"
-#include "tools/cli/command_registry.h"
+#include "core/editing/track_append.h"
+#include "tools/cli/gpx_edit_support.h"
 
-#include <filesystem>
 #include <memory>
 
 namespace trackloom::cli {
 namespace {
-namespace fs = std::filesystem;
 
-TrackPtr openTrack(const std::string& path) {
-    return GPXTrack::read(readFileBytes(path), fs::path(path).filename().string());
+/// What every editing command takes besides its own options.
+struct FileArguments {
+    std::string file;
+    std::string out;
+};
+
+std::string saved(const TrackPtr& result, const FileArguments& arguments) {
+    return saveTrack(*result, arguments.out, {arguments.file});
 }
 
-bool isSameFile(const fs::path& a, const fs::path& b) {
-    std::error_code error;
-    if (fs::weakly_canonical(a, error) == fs::weakly_canonical(b, error) && !error) {
-        return true;
-    }
-    return fs::equivalent(a, b, error) && !error;
+std::string saved(const std::string& bytes, const FileArguments& arguments) {
+    return saveBytes(bytes, arguments.out, {arguments.file});
 }
 
-/// Writes `bytes` to `out` unless it is one of the opened files, and reports the
-/// result's size as {"points": N, "segments": N}.
-std::string writeResult(const std::string& out, const std::string& bytes, const GPXTrack& result,
-                        const std::vector<std::string>& opened) {
-    for (const auto& input : opened) {
-        if (isSameFile(out, input)) {
-            throw GPXError("Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine "
-                           "andere Datei.");
-        }
-    }
-    writeFileAtomically(out, bytes);
-    JsonWriter json;
-    json.beginObject()
-        .key("points")
-        .value(result.points().size())
-        .key("segments")
-        .value(result.segments().size())
-        .endObject();
-    return json.takeText();
-}
-
-std::string writeBytes(const std::string& out, const std::string& bytes, const std::string& file) {
-    const auto result = GPXTrack::read(bytes, fs::path(out).filename().string());
-    return writeResult(out, bytes, *result, {file});
-}
-
-/// A TIME argument: the track time format, zone designator required.
-const CLI::Validator trackTime(
-    [](const std::string& text) {
-        return GPXTrack::parseTime(text) ? std::string() : "keine Zeit mit Zonenangabe: " + text;
-    },
-    "TIME");
-
-Instant timeArgument(const std::string& text) {
-    return *GPXTrack::parseTime(text);
-}
-
-void addShift(CLI::App& gpx, CommandRegistry& registry) {
-    struct Arguments {
-        std::string file, start, out;
-    };
+/// Registers `gpx NAME FILE … -o OUT`: `addOptions` adds the command's own options
+/// to an `Arguments` (a `FileArguments`), `edit` turns the opened track and them
+/// into the result, a track or a document's bytes.
+template <typename Arguments, typename AddOptions, typename Edit>
+void addEditCommand(CLI::App& gpx, CommandRegistry& registry, const std::string& name,
+                    const std::string& description, AddOptions addOptions, Edit edit) {
     auto arguments = std::make_shared<Arguments>();
-    auto* command = gpx.add_subcommand("shift", "Verschiebt alle Zeiten auf einen neuen Start");
+    auto* command = gpx.add_subcommand(name, description);
     command->add_option("FILE", arguments->file, "GPX-Datei")->required();
-    command->add_option("--start", arguments->start, "neuer Start")->required()->check(trackTime);
+    addOptions(*command, *arguments);
     command->add_option("-o", arguments->out, "Ausgabedatei")->required();
-    command->callback([arguments, &registry] {
-        registry.choose([arguments] {
+    command->callback([arguments, &registry, edit] {
+        registry.choose([arguments, edit] {
             const auto track = openTrack(arguments->file);
-            const auto bytes = shifted(*track, timeArgument(arguments->start));
-            return writeBytes(arguments->out, bytes, arguments->file);
+            return saved(edit(*track, *arguments), *arguments);
         });
     });
 }
 
-void addGenerate(CLI::App& gpx, CommandRegistry& registry) {
-    struct Arguments {
-        std::string file, start, end, out;
+/// A validator for texts that `parse` turns into a value.
+template <typename Parse> CLI::Validator parsedBy(Parse parse, const std::string& form) {
+    return CLI::Validator(
+        [parse, form](const std::string& text) {
+            return parse(text) ? std::string() : "erwartet " + form + ": " + text;
+        },
+        form);
+}
+
+void addTimeCommands(CLI::App& gpx, CommandRegistry& registry) {
+    struct Shift : FileArguments {
+        std::string start;
+    };
+    addEditCommand<Shift>(
+        gpx, registry, "shift", "Verschiebt alle Zeiten auf einen neuen Start",
+        [](CLI::App& command, Shift& arguments) {
+            command.add_option("--start", arguments.start, "neuer Start")
+                ->required()
+                ->check(trackTime);
+        },
+        [](const GPXTrack& track, const Shift& arguments) {
+            return shifted(track, timeArgument(arguments.start));
+        });
+
+    struct Generate : FileArguments {
+        std::string start, end;
         std::optional<double> speed;
     };
-    auto arguments = std::make_shared<Arguments>();
-    auto* command = gpx.add_subcommand(
-        "generate", "Erzeugt Zeiten aus einer Geschwindigkeit oder zwischen Start und Ende");
-    command->add_option("FILE", arguments->file, "GPX-Datei")->required();
-    command->add_option("--start", arguments->start, "Start")->required()->check(trackTime);
-    auto* speed = command->add_option("--speed", arguments->speed, "Geschwindigkeit in km/h");
-    auto* end = command->add_option("--end", arguments->end, "Ende")->check(trackTime);
-    speed->excludes(end);
-    command->add_option("-o", arguments->out, "Ausgabedatei")->required();
-    command->callback([arguments, &registry, speed, end] {
-        if (speed->empty() && end->empty()) {
-            throw CLI::RequiredError("--speed oder --end");
-        }
-        registry.choose([arguments] {
-            const auto track = openTrack(arguments->file);
-            const auto start = timeArgument(arguments->start);
-            const auto bytes = arguments->speed
-                                   ? generated(*track, start, *arguments->speed)
-                                   : generated(*track, start, timeArgument(arguments->end));
-            return writeBytes(arguments->out, bytes, arguments->file);
+    addEditCommand<Generate>(
+        gpx, registry, "generate",
+        "Erzeugt Zeiten aus einer Geschwindigkeit oder bis zu einem Ende",
+        [](CLI::App& command, Generate& arguments) {
+            command.add_option("--start", arguments.start, "Start")->required()->check(trackTime);
+            auto* mode = command.add_option_group("Zeitregel");
+            mode->add_option("--speed", arguments.speed, "Geschwindigkeit in km/h");
+            mode->add_option("--end", arguments.end, "Ende")->check(trackTime);
+            mode->require_option(1);
+        },
+        [](const GPXTrack& track, const Generate& arguments) {
+            const auto start = timeArgument(arguments.start);
+            return arguments.speed ? generated(track, start, *arguments.speed)
+                                   : generated(track, start, timeArgument(arguments.end));
         });
-    });
 }
 
 void addRequiredSpeed(CLI::App& gpx, CommandRegistry& registry) {
@@ -133,13 +113,133 @@ void addRequiredSpeed(CLI::App& gpx, CommandRegistry& registry) {
     });
 }
 
+void addSectionCommands(CLI::App& gpx, CommandRegistry& registry) {
+    struct Split : FileArguments {
+        std::int64_t at = 0;
+        std::string first, second;
+    };
+    addEditCommand<Split>(
+        gpx, registry, "split", "Teilt einen Abschnitt an einem Punkt",
+        [](CLI::App& command, Split& arguments) {
+            command.add_option("--at", arguments.at, "Punkt-ID")->required();
+            command.add_option("--first", arguments.first, "Name des ersten Teils")->required();
+            command.add_option("--second", arguments.second, "Name des zweiten Teils")->required();
+        },
+        [](const GPXTrack& track, const Split& arguments) {
+            return splitting(track, arguments.at, arguments.first, arguments.second);
+        });
+
+    struct Trim : FileArguments {
+        std::optional<std::int64_t> before, after;
+    };
+    addEditCommand<Trim>(
+        gpx, registry, "trim", "Entfernt alle Punkte vor oder nach einem Punkt",
+        [](CLI::App& command, Trim& arguments) {
+            auto* side = command.add_option_group("Seite");
+            side->add_option("--before", arguments.before, "Punkt-ID des neuen Anfangs");
+            side->add_option("--after", arguments.after, "Punkt-ID des neuen Endes");
+            side->require_option(1);
+        },
+        [](const GPXTrack& track, const Trim& arguments) {
+            return arguments.before ? trimmingBefore(track, *arguments.before)
+                                    : trimmingAfter(track, *arguments.after);
+        });
+
+    addEditCommand<FileArguments>(
+        gpx, registry, "merge", "Fügt alle Abschnitte zu einem zusammen",
+        [](CLI::App&, FileArguments&) {},
+        [](const GPXTrack& track, const FileArguments&) { return mergingSegments(track); });
+
+    struct Single : FileArguments {
+        std::string name;
+    };
+    addEditCommand<Single>(
+        gpx, registry, "single-track", "Exportiert einen Track mit einem Abschnitt",
+        [](CLI::App& command, Single& arguments) {
+            command.add_option("--name", arguments.name, "Name des Tracks");
+        },
+        [](const GPXTrack& track, const Single& arguments) {
+            return singleTrack(track, arguments.name);
+        });
+}
+
+void addPointCommands(CLI::App& gpx, CommandRegistry& registry) {
+    struct Delete : FileArguments {
+        std::string points;
+    };
+    addEditCommand<Delete>(
+        gpx, registry, "delete", "Löscht Punkte",
+        [](CLI::App& command, Delete& arguments) {
+            command.add_option("--points", arguments.points, "Punkt-IDs")
+                ->required()
+                ->check(parsedBy(parseIDs, "ID[,ID…]"));
+        },
+        [](const GPXTrack& track, const Delete& arguments) {
+            return removingPoints(track, *parseIDs(arguments.points));
+        });
+
+    struct Move : FileArguments {
+        std::int64_t point = 0;
+        std::string to;
+    };
+    addEditCommand<Move>(
+        gpx, registry, "move", "Verschiebt einen Punkt",
+        [](CLI::App& command, Move& arguments) {
+            command.add_option("--point", arguments.point, "Punkt-ID")->required();
+            command.add_option("--to", arguments.to, "neue Position")
+                ->required()
+                ->check(parsedBy(parseCoordinate, "LAT,LON"));
+        },
+        [](const GPXTrack& track, const Move& arguments) {
+            return movingPoint(track, arguments.point, *parseCoordinate(arguments.to));
+        });
+
+    struct Insert : FileArguments {
+        std::int64_t after = 0;
+        std::string coordinates;
+    };
+    addEditCommand<Insert>(
+        gpx, registry, "insert", "Fügt Punkte nach einem Punkt ein",
+        [](CLI::App& command, Insert& arguments) {
+            command.add_option("--after", arguments.after, "Punkt-ID")->required();
+            command.add_option("--coordinates", arguments.coordinates, "neue Punkte")
+                ->required()
+                ->check(parsedBy(parseCoordinates, "LAT,LON[;LAT,LON…]"));
+        },
+        [](const GPXTrack& track, const Insert& arguments) {
+            return inserting(track, *parseCoordinates(arguments.coordinates), arguments.after);
+        });
+}
+
+void addAppend(CLI::App& gpx, CommandRegistry& registry) {
+    struct Arguments {
+        std::string file, other, out;
+    };
+    auto arguments = std::make_shared<Arguments>();
+    auto* command = gpx.add_subcommand("append", "Hängt eine zweite GPX-Datei an");
+    command->add_option("FILE", arguments->file, "GPX-Datei")->required();
+    command->add_option("OTHER", arguments->other, "anzuhängende GPX-Datei")->required();
+    command->add_option("-o", arguments->out, "Ausgabedatei")->required();
+    command->callback([arguments, &registry] {
+        registry.choose([arguments] {
+            const auto track = openTrack(arguments->file);
+            const auto other = openTrack(arguments->other);
+            return saveTrack(*appending(*track, *other), arguments->out,
+                             {arguments->file, arguments->other});
+        });
+    });
+}
+
 } // namespace
 
 void addGpxEditCommands(CLI::App& app, CommandRegistry& registry) {
     auto* gpx = app.get_subcommand("gpx");
-    addShift(*gpx, registry);
-    addGenerate(*gpx, registry);
+    addTimeCommands(*gpx, registry);
     addRequiredSpeed(*gpx, registry);
+    addSectionCommands(*gpx, registry);
+    addPointCommands(*gpx, registry);
+    addAppend(*gpx, registry);
+    addGpxSessionCommand(*gpx, registry);
 }
 
 } // namespace trackloom::cli

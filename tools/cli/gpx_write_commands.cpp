@@ -30,7 +30,7 @@ CLI::App* addDerivingCommand(CLI::App& gpx, CommandRegistry& registry, const std
     command->callback([arguments, derive, &registry] {
         registry.choose([arguments, derive] {
             const auto track = derive(openTrack(arguments->file));
-            return saveTrack(*track, arguments->output, arguments->file);
+            return saveTrack(*track, arguments->output, {arguments->file});
         });
     });
     return command;
@@ -41,7 +41,7 @@ void addSample(CLI::App& gpx, CommandRegistry& registry) {
     auto* command = gpx.add_subcommand("sample", "Schreibt den Beispieltrack");
     addOutputOption(*command, *output);
     command->callback([output, &registry] {
-        registry.choose([output] { return saveTrack(*sampleTrack(), *output, std::nullopt); });
+        registry.choose([output] { return saveTrack(*sampleTrack(), *output, {}); });
     });
 }
 

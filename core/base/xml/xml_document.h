@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 struct _xmlDoc;
@@ -84,10 +85,23 @@ class Element {
     /// can be inserted again in the same document.
     void detach();
     void appendChild(Element child);
+    /// Links `child` as the very first child node, before any text or comment.
+    void prependChild(Element child);
     void insertBefore(Element sibling);
     void insertAfter(Element sibling);
     /// A deep copy of this element, not yet linked, owned by `document`.
     Element copyInto(Document& document) const;
+
+    /// The namespace declarations written on this element, as (prefix, URI);
+    /// the prefix is empty for a default namespace.
+    std::vector<std::pair<std::string, std::string>> namespaceDeclarations() const;
+    /// Declares a namespace on this element (a default one for an empty prefix).
+    void declareNamespace(std::string_view prefix, std::string_view uri);
+    /// Puts this element into the namespace of `model`, written with its prefix.
+    void adoptNamespace(Element model);
+    /// After elements were copied or moved: declares in the subtree's scope every
+    /// namespace it uses and drops declarations that repeat one already in scope.
+    void reconcileNamespaces();
 
     _xmlNode* node() const { return m_node; }
     friend bool operator==(Element a, Element b) { return a.m_node == b.m_node; }

@@ -177,6 +177,16 @@ void Element::appendChild(Element child) {
     xmlAddChild(m_node, child.m_node);
 }
 
+void Element::prependChild(Element child) {
+    detail::markDirty(child.m_node->parent);
+    detail::markDirty(m_node);
+    if (m_node->children == nullptr) {
+        xmlAddChild(m_node, child.m_node);
+    } else {
+        xmlAddPrevSibling(m_node->children, child.m_node);
+    }
+}
+
 void Element::insertBefore(Element sibling) {
     detail::markDirty(sibling.m_node->parent);
     detail::markDirty(m_node->parent);

@@ -53,12 +53,15 @@ std::optional<Range> declaredEncoding(std::string_view text) {
     return Range{at + 1, close};
 }
 
-bool namesUtf8(std::string_view name) {
+/// Whether 8-bit text declaring this encoding is parsed as it stands: UTF-8, and
+/// the wide encodings, whose mislabelling the parser reports in its own words.
+bool keepsUtf8(std::string_view name) {
     std::string upper(name);
     for (auto& c : upper) {
         c = static_cast<char>(c >= 'a' && c <= 'z' ? c - 'a' + 'A' : c);
     }
-    return upper == "UTF-8" || upper == "UTF8";
+    return upper == "UTF-8" || upper == "UTF8" || upper.starts_with("UTF-16") ||
+           upper.starts_with("UTF16") || upper.starts_with("UCS");
 }
 
 struct CloseHandler {
@@ -89,7 +92,7 @@ std::optional<Handler> foreignEncoding(std::string_view bytes) {
         return std::nullopt;
     }
     const std::string name(bytes.substr(declared->begin, declared->end - declared->begin));
-    if (namesUtf8(name)) {
+    if (keepsUtf8(name)) {
         return std::nullopt;
     }
     return Handler(xmlFindCharEncodingHandler(name.c_str()));

@@ -17,8 +17,8 @@ bool isBlank(char c) {
 
 /// The node after `node` in document order within the subtree of `top`, or null.
 /// Only elements are entered (an entity reference's children are shared).
-template <typename Node> Node* nextInSubtree(Node* node, const xmlNode* top, bool enter) {
-    if (enter && node->type == XML_ELEMENT_NODE && node->children != nullptr) {
+template <typename Node> Node* nextInSubtree(Node* node, const xmlNode* top) {
+    if (node->type == XML_ELEMENT_NODE && node->children != nullptr) {
         return node->children;
     }
     while (node != top && node->next == nullptr) {
@@ -27,24 +27,16 @@ template <typename Node> Node* nextInSubtree(Node* node, const xmlNode* top, boo
     return node == top ? nullptr : node->next;
 }
 
-std::size_t countNodes(const xmlNode* top) {
-    std::size_t count = 0;
-    for (const xmlNode* node = top; node != nullptr; node = nextInSubtree(node, top, true)) {
-        ++count;
-    }
-    return count;
-}
-
 void clearSpans(xmlNode* top) {
-    for (xmlNode* node = top; node != nullptr; node = nextInSubtree(node, top, true)) {
+    for (xmlNode* node = top; node != nullptr; node = nextInSubtree(node, top)) {
         node->_private = nullptr;
     }
 }
 
 class Recorder {
   public:
-    Recorder(std::string_view text, std::vector<Span>& spans, std::uint32_t source)
-        : m_text(text), m_spans(spans), m_source(source) {}
+    Recorder(std::string_view text, Layout& layout, std::uint32_t source)
+        : m_text(text), m_layout(layout), m_source(source) {}
 
     /// Finds the spans of all top-level nodes; false when tree and text disagree.
     bool recordDocument(xmlDoc* doc) {
@@ -84,9 +76,6 @@ class Recorder {
     }
 
     bool enter(xmlNode* node, bool& descend) {
-        if (m_spans.size() == m_spans.capacity()) {
-            return false;
-        }
         Span span;
         span.source = m_source;
         span.begin = static_cast<std::uint32_t>(m_position);
@@ -116,8 +105,7 @@ class Recorder {
         if (node->type != XML_ELEMENT_NODE) {
             span.openEnd = span.end = static_cast<std::uint32_t>(m_position);
         }
-        m_spans.push_back(span);
-        node->_private = &m_spans.back();
+        node->_private = m_layout.store(span);
         return true;
     }
 
@@ -144,9 +132,6 @@ class Recorder {
         }
         m_position = i + 1;
         span.openEnd = static_cast<std::uint32_t>(m_position);
-        for (const xmlNs* ns = node->nsDef; ns != nullptr; ns = ns->next) {
-            ++span.declaredNamespaces;
-        }
         if (m_text[i - 1] == '/') {
             span.end = span.openEnd;
             return node->children == nullptr;
@@ -215,7 +200,7 @@ class Recorder {
     bool at(std::string_view marker) const { return m_text.substr(m_position).starts_with(marker); }
 
     std::string_view m_text;
-    std::vector<Span>& m_spans;
+    Layout& m_layout;
     std::uint32_t m_source;
     std::size_t m_position = 0;
 };
@@ -247,26 +232,24 @@ class SourceMap {
 /// Walks two trees of the same shape together, giving each copied node the span
 /// of its original. Stops where the shapes differ; nodes left over stay without
 /// a span and are generated.
-void copyTreeSpans(const xmlNode* originalTop, xmlNode* copyTop, std::vector<Span>& block,
-                   SourceMap& sources) {
+void copyTreeSpans(const xmlNode* originalTop, xmlNode* copyTop, Layout& to, SourceMap& sources) {
     const xmlNode* original = originalTop;
     xmlNode* copy = copyTop;
     while (original != nullptr) {
-        if (copy == nullptr || copy->type != original->type || block.size() == block.capacity()) {
+        if (copy == nullptr || copy->type != original->type) {
             return;
         }
-        copy->_private = nullptr;
         if (const Span* span = spanOf(original)) {
-            block.push_back(*span);
-            block.back().source = sources(span->source);
-            copy->_private = &block.back();
+            Span copied = *span;
+            copied.source = sources(span->source);
+            copy->_private = to.store(copied);
         }
         const bool enter = original->type == XML_ELEMENT_NODE && original->children != nullptr;
         if (enter != (copy->type == XML_ELEMENT_NODE && copy->children != nullptr)) {
             return;
         }
-        const xmlNode* nextOriginal = nextInSubtree(original, originalTop, true);
-        xmlNode* nextCopy = nextInSubtree(copy, copyTop, true);
+        const xmlNode* nextOriginal = nextInSubtree(original, originalTop);
+        xmlNode* nextCopy = nextInSubtree(copy, copyTop);
         if ((nextOriginal == nullptr) != (nextCopy == nullptr)) {
             return;
         }
@@ -287,9 +270,14 @@ std::uint32_t Layout::sourceIndex(const std::shared_ptr<const std::string>& byte
     return static_cast<std::uint32_t>(m_sources.size() - 1);
 }
 
-std::vector<Span>& Layout::newBlock(std::size_t count) {
-    m_blocks.emplace_back().reserve(count);
-    return m_blocks.back();
+Span* Layout::store(const Span& span) {
+    if (m_usedInLastBlock == blockSize) {
+        m_blocks.push_back(std::make_unique<Span[]>(blockSize));
+        m_usedInLastBlock = 0;
+    }
+    Span* stored = &m_blocks.back()[m_usedInLastBlock++];
+    *stored = span;
+    return stored;
 }
 
 Span* spanOf(const xmlNode* node) {
@@ -318,12 +306,8 @@ void releaseLayout(xmlDoc* doc) {
 
 void recordLayout(xmlDoc* doc, std::shared_ptr<const std::string> bytes) {
     auto& layout = ensureLayout(doc);
-    std::size_t count = 0;
-    for (const xmlNode* top = doc->children; top != nullptr; top = top->next) {
-        count += countNodes(top);
-    }
     const std::string_view text = *bytes;
-    Recorder recorder(text, layout.newBlock(count), layout.sourceIndex(bytes));
+    Recorder recorder(text, layout, layout.sourceIndex(bytes));
     if (!recorder.recordDocument(doc)) {
         for (xmlNode* top = doc->children; top != nullptr; top = top->next) {
             clearSpans(top);
@@ -338,25 +322,20 @@ void copySpans(const xmlNode* original, xmlNode* copy) {
     }
     Layout& to = ensureLayout(copy->doc);
     SourceMap sources(*from, to);
-    copyTreeSpans(original, copy, to.newBlock(countNodes(original)), sources);
+    copyTreeSpans(original, copy, to, sources);
 }
 
 void copyDocumentSpans(const xmlDoc* original, xmlDoc* copy) {
     const Layout* from = layoutOf(original);
-    Layout& to = ensureLayout(copy);
     if (from == nullptr) {
         return;
     }
-    std::size_t count = 0;
-    for (const xmlNode* top = original->children; top != nullptr; top = top->next) {
-        count += countNodes(top);
-    }
-    auto& block = to.newBlock(count);
+    Layout& to = ensureLayout(copy);
     SourceMap sources(*from, to);
     const xmlNode* top = original->children;
     xmlNode* copiedTop = copy->children;
     for (; top != nullptr && copiedTop != nullptr; top = top->next, copiedTop = copiedTop->next) {
-        copyTreeSpans(top, copiedTop, block, sources);
+        copyTreeSpans(top, copiedTop, to, sources);
     }
 }
 

@@ -30,9 +30,6 @@ struct Span {
     std::uint32_t end = 0;
     /// Index of the source bytes in the owning `Layout`.
     std::uint32_t source = 0;
-    /// How many of the element's namespace declarations its start tag holds;
-    /// a copy may carry more, added so that it stays meaningful on its own.
-    std::uint16_t declaredNamespaces = 0;
     /// The element's name or attributes changed: its tags must be generated.
     bool tagChanged = false;
     /// Something inside the node changed: its bytes cannot be copied as a whole.
@@ -48,12 +45,14 @@ class Layout {
     const std::shared_ptr<const std::string>& sharedSource(std::uint32_t index) const {
         return m_sources[index];
     }
-    /// Storage for `count` spans whose addresses stay valid as long as the layout.
-    std::vector<Span>& newBlock(std::size_t count);
+    /// Keeps a copy of `span` at an address that stays valid as long as the layout.
+    Span* store(const Span& span);
 
   private:
+    static constexpr std::size_t blockSize = 4096;
     std::vector<std::shared_ptr<const std::string>> m_sources;
-    std::vector<std::vector<Span>> m_blocks;
+    std::vector<std::unique_ptr<Span[]>> m_blocks;
+    std::size_t m_usedInLastBlock = blockSize;
 };
 
 /// The span of a node, or null (always null for the document node itself).
@@ -75,6 +74,13 @@ void recordLayout(_xmlDoc* doc, std::shared_ptr<const std::string> bytes);
 void copySpans(const _xmlNode* original, _xmlNode* copy);
 /// The same for all top-level nodes of a copied document.
 void copyDocumentSpans(const _xmlDoc* original, _xmlDoc* copy);
+
+/// The qualified name a recorded start tag opens with.
+std::string_view startTagName(std::string_view tag);
+/// Whether a recorded start tag declares the namespace prefix `prefix` (the
+/// empty text for the default namespace). A copied element may carry
+/// declarations its tag lacks, which it needs only where its new place does.
+bool startTagDeclares(std::string_view tag, std::string_view prefix);
 
 /// Marks `node` and its ancestors as no longer matching their bytes as a whole.
 void markDirty(_xmlNode* node);

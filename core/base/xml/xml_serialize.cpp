@@ -57,6 +57,8 @@ class Writer {
     std::string document(const xmlDoc* doc) {
         const xmlNode* first = doc->children;
         if (const Span* span = spanOf(first)) {
+            // One allocation for an unchanged document instead of a doubling
+            // copy at its last byte; pages an export leaves unused are never touched.
             m_out.reserve(source(*span).size());
             m_out += source(*span).substr(0, span->begin);
         } else {
@@ -141,8 +143,8 @@ class Writer {
     }
 
     bool enterElement(const xmlNode* element, const Span* span) {
-        const bool keepTag = span != nullptr && !span->tagChanged;
-        if (keepTag && !span->dirty && declarationCount(element) == span->declaredNamespaces) {
+        const bool keepTag = span != nullptr && recordedTagFits(element, *span);
+        if (keepTag && !span->dirty && !hasUnrecordedDeclarations(element, *span)) {
             m_out += source(*span).substr(span->begin, span->end - span->begin);
             return false;
         }
@@ -172,12 +174,15 @@ class Writer {
     bool enterRecordedTag(const xmlNode* element, const Span& span) {
         const bool wasEmpty = span.openEnd == span.end;
         const auto tagClose = span.openEnd - (wasEmpty ? 2 : 1);
+        const auto tag = startTag(span);
         m_out += source(span).substr(span.begin, tagClose - span.begin);
-        int index = 0;
-        for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next, ++index) {
-            if (index < span.declaredNamespaces) {
+        for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next) {
+            if (detail::startTagDeclares(tag, view(ns->prefix))) {
                 m_scope.emplace_back(view(ns->prefix), view(ns->href));
-            } else if (!isBound(ns)) {
+            }
+        }
+        for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next) {
+            if (!detail::startTagDeclares(tag, view(ns->prefix)) && !isBound(ns)) {
                 declare(ns);
             }
         }
@@ -195,7 +200,7 @@ class Writer {
 
     void leave(const xmlNode* element) {
         const Span* span = spanOf(element);
-        if (span != nullptr && !span->tagChanged && span->openEnd != span->end) {
+        if (span != nullptr && span->openEnd != span->end && recordedTagFits(element, *span)) {
             m_out += recordedEndTag(*span);
         } else {
             m_out.append("</").append(qualifiedName(element)).append(">");
@@ -245,12 +250,29 @@ class Writer {
         return false;
     }
 
-    static int declarationCount(const xmlNode* element) {
-        int count = 0;
-        for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next) {
-            ++count;
+    /// Whether the recorded tags still name the element as it stands.
+    bool recordedTagFits(const xmlNode* element, const Span& span) const {
+        if (span.tagChanged) {
+            return false;
         }
-        return count;
+        const auto name = detail::startTagName(startTag(span));
+        const auto prefix = element->ns != nullptr ? view(element->ns->prefix) : "";
+        if (prefix.empty()) {
+            return name == view(element->name);
+        }
+        return name.size() == prefix.size() + 1 + view(element->name).size() &&
+               name.starts_with(prefix) && name[prefix.size()] == ':' &&
+               name.ends_with(view(element->name));
+    }
+
+    /// Whether a copy carries declarations its recorded start tag lacks.
+    bool hasUnrecordedDeclarations(const xmlNode* element, const Span& span) const {
+        for (const xmlNs* ns = element->nsDef; ns != nullptr; ns = ns->next) {
+            if (!detail::startTagDeclares(startTag(span), view(ns->prefix))) {
+                return true;
+            }
+        }
+        return false;
     }
 
     static std::string qualifiedName(const xmlNode* element) {
@@ -268,6 +290,9 @@ class Writer {
     }
 
     std::string_view source(const Span& span) const { return m_layout->source(span.source); }
+    std::string_view startTag(const Span& span) const {
+        return source(span).substr(span.begin, span.openEnd - span.begin);
+    }
 
     const detail::Layout* m_layout;
     std::string m_out;

@@ -4,6 +4,7 @@
 #include "app/map/polyline_overlay.h"
 #include "app/map/tile_source.h"
 #include "tests/app/support/qt_test_application.h"
+#include "tests/app/support/scripted_fetcher.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -52,6 +53,28 @@ TEST_F(MapWidgetTest, PaintsAGraticuleAndItsOverlaysWithoutTiles) {
 
     map.removeOverlay(line.get());
     EXPECT_NE(rendered().pixelColor(onLine.toPoint()), QColor(Qt::red));
+}
+
+TEST_F(MapWidgetTest, TilesShowAsTheyArriveAndStandInForTheirChildren) {
+    std::vector<testing::ScriptedFetcher::Request> requests;
+    auto fetcher = std::make_unique<testing::ScriptedFetcher>(&requests);
+    auto* replies = fetcher.get();
+    replies->immediateReply = testing::pngTile(QColor(200, 30, 30));
+    TileSource tiles("https://tiles.example.test/{z}/{x}/{y}.png", QString(), std::move(fetcher));
+    MapWidget withTiles(&tiles);
+    withTiles.resize(640, 480);
+    withTiles.setViewport(map.viewport());
+    QImage image(withTiles.size(), QImage::Format_ARGB32_Premultiplied);
+    withTiles.render(&image);
+    withTiles.render(&image);
+    EXPECT_EQ(image.pixelColor(320, 240), QColor(200, 30, 30));
+
+    // One level closer nothing arrives any more: the coarser tiles are enlarged.
+    replies->immediateReply.emplace(std::nullopt);
+    withTiles.setViewport(map.viewport().zoomed(1, {320, 240}));
+    withTiles.render(&image);
+    EXPECT_EQ(image.pixelColor(320, 240), QColor(200, 30, 30));
+    EXPECT_FALSE(tiles.isAvailable());
 }
 
 TEST_F(MapWidgetTest, LegsTakeTheirOwnColours) {

@@ -1,7 +1,7 @@
 #include "app/map/tile_source.h"
 #include "tests/app/support/qt_test_application.h"
+#include "tests/app/support/scripted_fetcher.h"
 
-#include <QBuffer>
 #include <QDir>
 #include <QSignalSpy>
 #include <QTemporaryDir>
@@ -10,29 +10,8 @@
 namespace trackloom {
 namespace {
 
-// Answers requests only when the test says so; never touches the network.
-struct ScriptedFetcher : TileFetcher {
-    struct Request {
-        QUrl url;
-        Completion done;
-    };
-    std::vector<Request>* requests;
-
-    explicit ScriptedFetcher(std::vector<Request>* log) : requests(log) {}
-    void fetch(const QUrl& url, Completion done) override {
-        requests->push_back({url, std::move(done)});
-    }
-};
-
-QByteArray pngTile(QColor color) {
-    QImage image(256, 256, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
+using testing::pngTile;
+using testing::ScriptedFetcher;
 
 const QString server = QStringLiteral("https://tiles.example.test/{z}/{x}/{y}.png");
 

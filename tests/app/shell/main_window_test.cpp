@@ -5,6 +5,7 @@
 #include "tests/app/support/qt_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 
+#include <QFileOpenEvent>
 #include <QLabel>
 #include <QMenuBar>
 #include <QTemporaryDir>
@@ -117,6 +118,10 @@ TEST_F(MainWindowTest, FilesGoToTheWorkspaceThatReadsThem) {
     EXPECT_EQ(window->activeWorkspace(), editor);
     ASSERT_EQ(dialogs.messages.size(), 1u);
     EXPECT_EQ(dialogs.messages[0].second, "Diese Datei kann Trackloom nicht öffnen: notes.txt");
+
+    QFileOpenEvent fromFinder(QStringLiteral("/tmp/d.gpx"));
+    QCoreApplication::sendEvent(qApp, &fromFinder);
+    EXPECT_EQ(editor->opened, (QStringList{"/tmp/b.gpx", "/tmp/d.gpx"}));
 
     dialogs.filesToOpen.push_back("/tmp/c.json");
     window->chooseAndOpenFile();

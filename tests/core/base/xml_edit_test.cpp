@@ -131,6 +131,27 @@ TEST(XmlEditing, CopiesKeepTheirBytesAndDeclareOnlyWhatTheirNewPlaceLacks) {
     EXPECT_EQ(copied.serialize(), expected);
 }
 
+TEST(XmlEditing, NamespaceChangesReachTheRecordedTags) {
+    auto document = Document::parse("<r xmlns='urn:r'>\n <a xmlns:p='urn:p'><p:x k='1'>t</p:x></a>"
+                                    "<b/><c/><d> x</d></r>");
+    auto root = *document.root();
+    auto moved = *root.firstChild("a", "urn:r")->firstChild("x", "urn:p");
+    moved.detach();
+    root.firstChild("b", "urn:r")->appendChild(moved);
+    // Its declaration stays behind with the element about to go.
+    moved.reconcileNamespaces();
+    root.firstChild("a", "urn:r")->remove();
+    root.declareNamespace("h", "urn:h");
+    auto first = document.createElement("first", "urn:h", "", root);
+    root.firstChild("d", "urn:r")->prependChild(first);
+    root.firstChild("c", "urn:r")->adoptNamespace(first);
+    EXPECT_EQ(root.namespaceDeclarations(),
+              (std::vector<std::pair<std::string, std::string>>{{"", "urn:r"}, {"h", "urn:h"}}));
+    EXPECT_EQ(document.serialize(),
+              "<r xmlns='urn:r' xmlns:h=\"urn:h\">\n <b><p:x k='1' xmlns:p=\"urn:p\">t</p:x></b>"
+              "<h:c/><d><h:first/> x</d></r>");
+}
+
 TEST(XmlEditing, DeepDocumentsAreWrittenWithoutRecursion) {
     std::string deep;
     for (int i = 0; i < 20000; ++i) {

@@ -19,7 +19,8 @@ using testing::trackFrom;
 
 std::vector<std::optional<Instant>> pointTimes(const std::string& bytes) {
     std::vector<std::optional<Instant>> times;
-    for (const auto& point : GPXTrack::read(bytes, "result.gpx")->points()) {
+    const auto track = GPXTrack::read(bytes, "result.gpx");
+    for (const auto& point : track->points()) {
         times.push_back(point.time);
     }
     return times;
