@@ -1,6 +1,7 @@
 // trackloom: the desktop application. This is where the shell, the tile source
 // and the workspaces are put together once for the life of the process.
 
+#include "app/editor/editor_workspace.h"
 #include "app/map/tile_source.h"
 #include "app/shell/headless_dialogs.h"
 #include "app/shell/launch_options.h"
@@ -8,6 +9,7 @@
 #include "app/shell/native_dialogs.h"
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
+#include "core/timeline/timeline_calendar.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -55,6 +57,8 @@ int main(int argc, char** argv) {
                      screenshot ? nullptr : std::make_unique<NetworkTileFetcher>());
     MainWindow window(settings, dialogs, tiles);
     nativeDialogs.setParentWindow(&window);
+    window.addWorkspace(
+        std::make_unique<EditorWorkspace>(store, dialogs, &tiles, *systemTimeZone()));
 
     window.openFiles(options.files);
     if (options.screenshotPath) {

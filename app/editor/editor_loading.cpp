@@ -1,0 +1,162 @@
+// Opening a track (a file, the sample, a day from the timeline) and appending
+// a second file. Files are read on the thread pool; the newest load wins.
+
+#include "app/editor/editor_files.h"
+#include "app/editor/editor_model.h"
+#include "app/editor/editor_texts.h"
+#include "core/base/file_io.h"
+#include "core/base/gpx_error.h"
+#include "core/track/sample_track.h"
+
+#include <QFileInfo>
+
+namespace trackloom {
+namespace {
+
+// Checked before reading, so that a huge file is never loaded into memory.
+TrackPtr readGPXFile(const QString& path) {
+    if (QFileInfo(path).size() > static_cast<qint64>(maximumGPXFileSize)) {
+        throw GPXError("Die Datei ist größer als 50 MB. Bitte teile den Track vor dem Import auf.");
+    }
+    return GPXTrack::read(readFileBytes(localPath(path)), QFileInfo(path).fileName().toStdString());
+}
+
+} // namespace
+
+void EditorModel::open() {
+    if (!mayReplace()) {
+        return;
+    }
+    if (const auto path = m_dialogs.fileToOpen(tr("GPX-Datei öffnen"), gpxFileFilters())) {
+        load(*path);
+    }
+}
+
+void EditorModel::load(const QString& path) {
+    startLoad([path] { return readGPXFile(path); },
+              [this, path] {
+                  m_filename = QFileInfo(path).fileName();
+                  m_sourceURL = path;
+                  protectFile(path);
+                  m_isSynthetic = false;
+                  m_sourceIsSynthetic = false;
+              },
+              [](const GPXTrack& track) {
+                  return QString::number(track.points().size()) + tr(" Punkte geladen.");
+              });
+}
+
+void EditorModel::demo() {
+    if (!mayReplace()) {
+        return;
+    }
+    startLoad([] { return sampleTrack(); },
+              [this] {
+                  m_filename = tr("Beispielrunde.gpx");
+                  m_sourceURL.reset();
+                  m_isSynthetic = true;
+                  m_sourceIsSynthetic = true;
+              },
+              [](const GPXTrack&) { return tr("Beispieldaten geladen."); });
+}
+
+void EditorModel::acceptTimelineDay(std::string gpxData, const QString& title,
+                                    std::optional<QString> timelinePath) {
+    if (!mayReplace()) {
+        return;
+    }
+    auto data = std::make_shared<const std::string>(std::move(gpxData));
+    startLoad([data, name = title.toStdString()] { return GPXTrack::read(*data, name); },
+              [this, title, timelinePath] {
+                  m_filename = title + QStringLiteral(".gpx");
+                  m_sourceURL.reset();
+                  m_protectedTimelineURL = timelinePath;
+                  m_isSynthetic = false;
+                  m_sourceIsSynthetic = false;
+              },
+              [](const GPXTrack&) {
+                  return tr("Auswahl aus der Google-Zeitachse übernommen. Zeitfunktionen sind "
+                            "bereit.");
+              });
+}
+
+void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
+                            std::function<QString(const GPXTrack&)> successStatus) {
+    const auto generation = ++m_loadGeneration;
+    const bool removesAirRoutes = m_removeAirRoutes;
+    setStatus(tr("Track wird eingelesen …"));
+    inBackground([=, this]() -> Publish {
+        try {
+            auto session = std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
+            return [=, this] {
+                if (generation == m_loadGeneration) {
+                    adopt();
+                    showNewSession(session);
+                    setStatus(successStatus(*session->track()));
+                }
+            };
+        } catch (const GPXError& error) {
+            return [=, this, message = QString::fromStdString(error.message())] {
+                if (generation == m_loadGeneration) {
+                    fail(message, tr("Import fehlgeschlagen."));
+                }
+            };
+        }
+    });
+}
+
+void EditorModel::showNewSession(SessionPtr session) {
+    retire(std::move(m_session));
+    retire(std::move(m_track));
+    retire(std::move(m_lastExportedSource));
+    m_session = std::move(session);
+    ++m_sessionEpoch;
+    m_track = m_session->track();
+    if (m_removeAirRoutes != m_session->removesAirRoutes()) {
+        // The choice changed while the file was read; the session shows what it was read with.
+        m_removeAirRoutes = m_session->removesAirRoutes();
+        emit removeAirRoutesChanged();
+    }
+    m_appendSummary.clear();
+    setStructuralDirty(false);
+    setMapTool(MapTool::select);
+    setPending({}, std::nullopt);
+    m_timeFieldsChosen = false;
+    followTrackTimes();
+    clearError();
+    refreshMap(true, std::nullopt);
+    emit trackChanged();
+}
+
+void EditorModel::appendTrack() {
+    if (!requireEditable()) {
+        return;
+    }
+    const auto path = m_dialogs.fileToOpen(tr("Nächsten GPX-Track anhängen"), gpxFileFilters());
+    if (!path) {
+        return;
+    }
+    setStatus(tr("Weiterer Track wird eingelesen …"));
+    SessionEffects effects;
+    effects.structural = true;
+    effects.failureStatus = tr("Anhängen fehlgeschlagen. Der bisherige Track bleibt erhalten.");
+    effects.succeeded = [this, path = *path](const QString& report) {
+        protectFile(path);
+        m_appendSummary = report;
+        m_isSynthetic = false;
+    };
+    runOnSession(
+        [path = *path](GPXEditingSession& session) {
+            if (QFileInfo(path).size() > static_cast<qint64>(maximumGPXFileSize)) {
+                throw GPXError("Die Datei ist größer als 50 MB.");
+            }
+            const auto other = GPXTrack::read(readFileBytes(localPath(path)),
+                                              QFileInfo(path).fileName().toStdString());
+            const TrackPtr before = session.track();
+            session.append(*other);
+            return appendReport(before.get(), *other, session.track()->points().size());
+        },
+        std::move(effects));
+}
+
+} // namespace trackloom

@@ -1,0 +1,106 @@
+#include "app/editor/editor_texts.h"
+
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QLocale>
+#include <cmath>
+
+namespace trackloom {
+namespace {
+
+QString tr(const char* text) {
+    return QCoreApplication::translate("EditorModel", text);
+}
+
+QString integerText(long long value) {
+    return QString::number(value);
+}
+
+QString transitionTimeText(const TrackPoint& last, const TrackPoint& first) {
+    if (!last.time || !first.time) {
+        return tr(" Am Übergang fehlen Zeitangaben.");
+    }
+    const double gap = first.time->secondsSince(*last.time);
+    if (gap >= 0) {
+        return tr(" Zeit zwischen den Tracks: ") + durationText(gap);
+    }
+    return tr(" Achtung: Der neue Track beginnt ") + durationText(-gap) +
+           tr(" vor dem Ende des bisherigen Tracks.");
+}
+
+QString baseName(const QString& filename) {
+    const QString base = QFileInfo(filename).completeBaseName().trimmed();
+    return base.isEmpty() ? tr("Track") : base;
+}
+
+// Section names are free text; a file name must not contain path separators.
+QString fileNamePart(QString text) {
+    static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
+    for (QChar& c : text) {
+        if (forbidden.contains(c) || c.isNull()) {
+            c = u'-';
+        }
+    }
+    return text.trimmed();
+}
+
+} // namespace
+
+QString decimalText(double value, int decimals) {
+    QLocale locale;
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
+    // A value that rounds to zero must not read "-0,0".
+    const double rounded = std::abs(value) < 0.5 * std::pow(10.0, -decimals) ? 0.0 : value;
+    return locale.toString(rounded, 'f', decimals);
+}
+
+QString shortDecimalText(double value, int maxDecimals) {
+    QString text = decimalText(value, maxDecimals);
+    const QString point = QLocale().decimalPoint();
+    if (maxDecimals > 0) {
+        while (text.endsWith(u'0')) {
+            text.chop(1);
+        }
+        if (text.endsWith(point)) {
+            text.chop(point.size());
+        }
+    }
+    return text;
+}
+
+QString durationText(double seconds) {
+    const auto whole = static_cast<long long>(std::llround(std::max(seconds, 0.0)));
+    if (whole < 3600) {
+        return tr("%1 min %2 s").arg(integerText(whole / 60), integerText(whole % 60));
+    }
+    return tr("%1 h %2 min").arg(integerText(whole / 3600), integerText(whole % 3600 / 60));
+}
+
+QString appendReport(const GPXTrack* before, const GPXTrack& appended, std::size_t newPointCount) {
+    QString report = tr("Track angehängt · ") + integerText(static_cast<long long>(newPointCount)) +
+                     tr(" Punkte · Rückgängig ist möglich.");
+    if (!before || before->points().empty() || appended.points().empty()) {
+        return report;
+    }
+    const TrackPoint& last = before->points().back();
+    const TrackPoint& first = appended.points().front();
+    report +=
+        tr(" Abstand am Übergang: ") + decimalText(GPXTrack::distance(last, first), 1) + tr(" m.");
+    return report + transitionTimeText(last, first);
+}
+
+QString editedExportName(const QString& filename) {
+    return baseName(filename) + tr(" (bearbeitet)") + QStringLiteral(".gpx");
+}
+
+QString singleTrackExportName(const QString& filename) {
+    return baseName(filename) + tr(" (ein Track)") + QStringLiteral(".gpx");
+}
+
+QString sectionExportName(const QString& filename, const QString& sectionName) {
+    const QString section = fileNamePart(sectionName);
+    return baseName(filename) + QStringLiteral(" – ") +
+           (section.isEmpty() ? tr("Abschnitt") : section) + QStringLiteral(".gpx");
+}
+
+} // namespace trackloom

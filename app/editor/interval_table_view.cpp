@@ -1,0 +1,119 @@
+#include "app/editor/interval_table_view.h"
+
+#include "app/editor/editor_model.h"
+#include "app/editor/interval_table_model.h"
+
+#include <QCheckBox>
+#include <QDoubleSpinBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+namespace trackloom {
+namespace {
+
+/// Tints the rows of suspicious intervals.
+class SuspiciousTint : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        if (index.data(IntervalTableModel::suspiciousRole).toBool()) {
+            option->backgroundBrush = QColor(255, 224, 224);
+        }
+    }
+};
+
+} // namespace
+
+IntervalTableView::IntervalTableView(EditorModel& model, QWidget* parent)
+    : QWidget(parent), m_model(model), m_rows(new IntervalTableModel(this)),
+      m_suspiciousOnly(new QCheckBox(tr("Nur auffällige Intervalle"))),
+      m_threshold(new QDoubleSpinBox), m_count(new QLabel), m_table(new QTableView) {
+    m_threshold->setRange(0, 5000);
+    m_threshold->setDecimals(1);
+    m_threshold->setSuffix(tr(" km/h"));
+    m_threshold->setValue(model.threshold());
+    auto* controls = new QHBoxLayout;
+    controls->addWidget(m_suspiciousOnly);
+    controls->addWidget(new QLabel(tr("Auffällig über")));
+    controls->addWidget(m_threshold);
+    controls->addStretch();
+    controls->addWidget(m_count);
+
+    m_table->setModel(m_rows);
+    m_table->setItemDelegate(new SuspiciousTint(m_table));
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->verticalHeader()->hide();
+    // Fixed row heights let the view skip measuring hundreds of thousands of rows.
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addLayout(controls);
+    layout->addWidget(m_table, 1);
+
+    connect(m_suspiciousOnly, &QCheckBox::toggled, this, &IntervalTableView::applyFilter);
+    connect(m_threshold, &QDoubleSpinBox::valueChanged, &model, &EditorModel::setThreshold);
+    connect(&model, &EditorModel::thresholdChanged, this, [this] {
+        m_threshold->setValue(m_model.threshold());
+        applyFilter();
+    });
+    connect(&model, &EditorModel::trackChanged, this, &IntervalTableView::showTrack);
+    connect(&model, &EditorModel::selectionChanged, this, &IntervalTableView::showSelection);
+    connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &IntervalTableView::rowChosen);
+    showTrack();
+}
+
+void IntervalTableView::showTrack() {
+    // The model also reports changes that keep the track, such as an edit starting.
+    if (m_rows->track() != m_model.track()) {
+        m_rows->setTrack(m_model.track());
+    }
+    applyFilter();
+}
+
+void IntervalTableView::applyFilter() {
+    m_rows->setFilter(m_suspiciousOnly->isChecked(), m_model.threshold());
+    m_count->setText(m_suspiciousOnly->isChecked()
+                         ? QString::number(m_rows->rowCount()) + tr(" auffällige Intervalle")
+                         : QString::number(m_rows->rowCount()) + tr(" Intervalle"));
+    showSelection();
+}
+
+void IntervalTableView::showSelection() {
+    const auto selected = m_model.selectedPointID();
+    const int row = selected ? m_rows->rowForPoint(*selected) : -1;
+    m_selecting = true;
+    if (row < 0) {
+        m_table->clearSelection();
+    } else {
+        m_table->selectRow(row);
+        m_table->scrollTo(m_rows->index(row, 0));
+    }
+    m_selecting = false;
+}
+
+void IntervalTableView::rowChosen() {
+    if (m_selecting) {
+        return;
+    }
+    const auto rows = m_table->selectionModel()->selectedRows();
+    if (!rows.isEmpty()) {
+        if (const auto* leg = m_rows->leg(rows.front().row())) {
+            m_model.selectPoint(leg->from);
+        }
+    }
+}
+
+} // namespace trackloom

@@ -1,0 +1,179 @@
+#include "app/editor/time_panel.h"
+
+#include "app/editor/editor_model.h"
+#include "app/editor/editor_texts.h"
+#include "app/editor/time_conversion.h"
+#include "app/shell/data_calendar_button.h"
+#include "app/shell/data_calendar_view.h"
+
+#include <QButtonGroup>
+#include <QCheckBox>
+#include <QDateTimeEdit>
+#include <QDoubleSpinBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+#include <array>
+
+namespace trackloom {
+namespace {
+
+QWidget* row(QWidget* field, QWidget* calendar) {
+    auto* holder = new QWidget;
+    auto* layout = new QHBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(field, 1);
+    layout->addWidget(calendar);
+    return holder;
+}
+
+void group(QRadioButton* a, QRadioButton* b) {
+    auto* buttons = new QButtonGroup(a);
+    buttons->addButton(a);
+    buttons->addButton(b);
+}
+
+} // namespace
+
+TimePanel::TimePanel(EditorModel& model, QWidget* parent)
+    : QWidget(parent), m_model(model), m_shift(new QRadioButton(tr("Zeiten verschieben"))),
+      m_generate(new QRadioButton(tr("Zeiten erzeugen"))),
+      m_bySpeed(new QRadioButton(tr("Aus einer Geschwindigkeit"))),
+      m_byEndpoints(new QRadioButton(tr("Aus Start und Ende"))),
+      m_utc(new QCheckBox(tr("Zeiten in UTC statt in Ortszeit"))), m_startLabel(new QLabel),
+      m_start(dateTimeEdit()), m_startDay(new DataCalendarButton(model.zone())),
+      m_end(dateTimeEdit()), m_endDay(new DataCalendarButton(model.zone())),
+      m_speed(new QDoubleSpinBox), m_feedback(new QLabel),
+      m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
+    group(m_shift, m_generate);
+    group(m_bySpeed, m_byEndpoints);
+    m_speed->setRange(0, 100000);
+    m_speed->setDecimals(4);
+    m_speed->setSuffix(tr(" km/h"));
+    m_feedback->setWordWrap(true);
+    for (DataCalendarButton* day : {m_startDay, m_endDay}) {
+        day->setIconOnly(true);
+        day->setLegend(tr("Grün: Tage mit Punkten dieses Tracks"));
+    }
+    auto* form = new QFormLayout;
+    form->addRow(m_startLabel, row(m_start, m_startDay));
+    m_endRow = row(m_end, m_endDay);
+    form->addRow(tr("Ende"), m_endRow);
+    form->addRow(tr("Geschwindigkeit"), m_speed);
+
+    auto* modes = new QHBoxLayout;
+    modes->addWidget(m_bySpeed);
+    modes->addWidget(m_byEndpoints);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(m_shift);
+    layout->addWidget(m_generate);
+    layout->addLayout(modes);
+    layout->addLayout(form);
+    layout->addWidget(m_utc);
+    layout->addWidget(m_feedback);
+    layout->addWidget(m_apply);
+    layout->addStretch();
+
+    connectEdits();
+    for (auto signal : {&EditorModel::timeFieldsChanged, &EditorModel::trackChanged}) {
+        connect(&model, signal, this, &TimePanel::refresh);
+    }
+    refresh();
+}
+
+QDateTimeEdit* TimePanel::dateTimeEdit() {
+    auto* edit = new QDateTimeEdit;
+    edit->setDisplayFormat(tr("dd.MM.yyyy HH:mm:ss"));
+    edit->setTimeSpec(Qt::UTC);
+    return edit;
+}
+
+void TimePanel::connectEdits() {
+    connect(m_generate, &QRadioButton::toggled, &m_model, &EditorModel::setGenerate);
+    connect(m_byEndpoints, &QRadioButton::toggled, this, [this](bool on) {
+        m_model.setGenerationMode(on ? GenerationMode::startAndEnd : GenerationMode::speed);
+    });
+    connect(m_utc, &QCheckBox::toggled, &m_model, &EditorModel::setUseUTC);
+    connect(m_start, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
+        if (const auto start = instantOfWallClock(value, m_model.zone())) {
+            m_model.setNewStart(*start);
+        }
+    });
+    connect(m_end, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
+        if (const auto end = instantOfWallClock(value, m_model.zone())) {
+            m_model.setNewEnd(*end);
+        }
+    });
+    connect(m_speed, &QDoubleSpinBox::valueChanged, &m_model, &EditorModel::setSyntheticSpeed);
+    connect(m_startDay, &DataCalendarButton::chosen, this,
+            [this](Instant first, Instant) { m_model.pickStartDay(first); });
+    connect(m_endDay, &DataCalendarButton::chosen, this,
+            [this](Instant first, Instant) { m_model.pickEndDay(first); });
+    connect(m_apply, &QPushButton::clicked, &m_model, &EditorModel::previewGenerated);
+}
+
+QString TimePanel::feedback() const {
+    return m_feedback->text();
+}
+
+void TimePanel::refresh() {
+    const bool generating = m_model.generate();
+    const bool byEndpoints = m_model.generationMode() == GenerationMode::startAndEnd;
+    const bool utc = m_model.useUTC();
+    {
+        const std::array<QSignalBlocker, 8> blockers{
+            QSignalBlocker(m_generate),    QSignalBlocker(m_shift), QSignalBlocker(m_bySpeed),
+            QSignalBlocker(m_byEndpoints), QSignalBlocker(m_utc),   QSignalBlocker(m_start),
+            QSignalBlocker(m_end),         QSignalBlocker(m_speed)};
+        m_generate->setChecked(generating);
+        m_shift->setChecked(!generating);
+        m_byEndpoints->setChecked(byEndpoints);
+        m_bySpeed->setChecked(!byEndpoints);
+        m_utc->setChecked(utc);
+        m_start->setDateTime(wallClockOf(m_model.newStart(), m_model.zone()));
+        m_end->setDateTime(wallClockOf(m_model.newEnd(), m_model.zone()));
+        m_speed->setValue(m_model.syntheticSpeed());
+    }
+    // Counting a long track's days takes a moment; only another track or zone needs it.
+    const bool recount = m_countedTrack != m_model.track() || m_countedZone != &m_model.zone();
+    const auto counts = recount ? m_model.calendarCounts() : DayCounts();
+    m_countedTrack = m_model.track();
+    m_countedZone = &m_model.zone();
+    for (auto [day, instant] :
+         {std::pair{m_startDay, m_model.newStart()}, std::pair{m_endDay, m_model.newEnd()}}) {
+        if (recount) {
+            day->setZone(m_model.zone());
+            day->setCounts(counts);
+        }
+        day->setDays(instant);
+    }
+    m_startLabel->setText(generating ? tr("Start") : tr("Neuer Start"));
+    for (QWidget* choice : {static_cast<QWidget*>(m_bySpeed), static_cast<QWidget*>(m_byEndpoints),
+                            static_cast<QWidget*>(m_apply)}) {
+        choice->setVisible(generating);
+    }
+    m_endRow->setEnabled(generating && byEndpoints);
+    m_speed->setEnabled(generating && !byEndpoints);
+    m_apply->setEnabled(m_model.track() != nullptr);
+
+    QString text;
+    if (!generating) {
+        text = tr("Beim Export beginnt der Track zu diesem Zeitpunkt; alle Zeiten werden um "
+                  "denselben Betrag verschoben.");
+    } else if (const auto refusal = m_model.generationError()) {
+        text = *refusal;
+    } else if (byEndpoints) {
+        text = tr("Ø ") + decimalText(m_model.impliedSpeed().value_or(0), 1) + tr(" km/h");
+    }
+    if (generating && m_model.track()) {
+        text += (text.isEmpty() ? QString() : QStringLiteral(" · ")) +
+                (m_model.timeFieldsApplied() ? tr("Übernommen.") : tr("Noch nicht übernommen."));
+    }
+    m_feedback->setText(text);
+}
+
+} // namespace trackloom

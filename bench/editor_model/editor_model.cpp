@@ -1,0 +1,134 @@
+// The track editor on the ~50 MB generated track: opening the file through the
+// model, and one edit (deleting a point in the middle), each timed until its
+// result is shown. The baseline is reading the same bytes into a GPXTrack. The
+// window must not freeze meanwhile, so the longest pause of the main thread's
+// event loop is reported too, once for the model alone and once with the
+// editor's screens attached (they prepare the map, table and profile).
+
+#include "app/editor/editor_model.h"
+
+#include "app/editor/editor_commands.h"
+#include "app/editor/editor_view.h"
+#include "app/editor/map_editor.h"
+#include "app/shell/user_dialogs.h"
+#include "bench/support/large_gpx.h"
+#include "bench/support/measure.h"
+#include "core/base/file_io.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <future>
+#include <memory>
+
+using namespace trackloom;
+
+namespace {
+
+struct NoDialogs : UserDialogs {
+    std::optional<QString> fileToOpen(const QString&, const QStringList&) override { return {}; }
+    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&) override {
+        return {};
+    }
+    bool confirm(const Confirmation&) override { return true; }
+    void inform(const QString&, const QString&) override {}
+};
+
+struct Run {
+    double milliseconds = 0;
+    double longestPause = 0;
+};
+
+// Starts `request`, then runs the event loop until nothing is `busy`, probing
+// every 5 ms how long the loop could not answer.
+Run untilIdle(const std::function<bool()>& busy, const std::function<void()>& request) {
+    QElapsedTimer clock;
+    qint64 lastTick = 0;
+    double longestPause = 0;
+    QTimer probe;
+    probe.setInterval(5);
+    QObject::connect(&probe, &QTimer::timeout, [&] {
+        const qint64 now = clock.elapsed();
+        longestPause = std::max(longestPause, static_cast<double>(now - lastTick - 5));
+        lastTick = now;
+    });
+    clock.start();
+    probe.start();
+    request();
+    longestPause = std::max(longestPause, static_cast<double>(clock.elapsed()));
+    lastTick = clock.elapsed();
+    while (busy()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    }
+    QCoreApplication::processEvents();
+    return {static_cast<double>(clock.elapsed()), longestPause};
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    const auto path = bench::ensureLargeGPX(bench::benchmarkDataFolder());
+    const QString file = QString::fromStdString(path.string());
+    const auto bytes = readFileBytes(path);
+    QTemporaryDir folder;
+    QSettings settings(folder.filePath("settings.ini"), QSettings::IniFormat);
+    NoDialogs dialogs;
+    constexpr int repetitions = 3;
+
+    // Read on another thread, as the editor does, so that the main thread's
+    // heap is not left with the fragments of freed documents.
+    const double read = std::async(std::launch::async, [&] {
+                            return bench::medianMilliseconds(repetitions, [&] {
+                                GPXTrack::read(bytes, path.filename().string());
+                            });
+                        }).get();
+
+    EditorModel model(settings, dialogs, *date::locate_zone("UTC"));
+    const auto modelBusy = [&] { return model.busy(); };
+    std::vector<double> opens, openPauses, edits, editPauses;
+    for (int i = 0; i < repetitions; ++i) {
+        const Run open = untilIdle(modelBusy, [&] { model.load(file); });
+        opens.push_back(open.milliseconds);
+        openPauses.push_back(open.longestPause);
+        const auto middle = static_cast<std::int64_t>(model.track()->points().size() / 2);
+        const Run edit = untilIdle(modelBusy, [&] {
+            model.selectPoint(middle);
+            model.deleteSelected();
+        });
+        edits.push_back(edit.milliseconds);
+        editPauses.push_back(edit.longestPause);
+    }
+
+    EditorCommands commands(model);
+    EditorView view(model, commands, nullptr);
+    view.resize(1280, 800);
+    view.show();
+    const auto screensBusy = [&] { return model.busy() || view.mapEditor()->isPreparing(); };
+    const Run shownOpen = untilIdle(screensBusy, [&] { model.load(file); });
+    const Run shownEdit = untilIdle(screensBusy, [&] {
+        model.selectPoint(static_cast<std::int64_t>(model.track()->points().size() / 2));
+        model.deleteSelected();
+    });
+
+    bench::report("file size", static_cast<double>(bytes.size()) / 1048576.0, "MiB");
+    bench::report("points", static_cast<double>(model.track()->points().size()), "");
+    bench::report("(a) GPXTrack::read, median", read, "ms");
+    bench::report("(b) model open until shown, median", median(opens), "ms");
+    bench::report("ratio b/a", median(opens) / read, "");
+    bench::report("(c) delete one point until shown, median", median(edits), "ms");
+    bench::report("ratio c/a", median(edits) / read, "");
+    bench::report("longest main-thread pause, open (model)", median(openPauses), "ms");
+    bench::report("longest main-thread pause, edit (model)", median(editPauses), "ms");
+    bench::report("longest main-thread pause, open (screens)", shownOpen.longestPause, "ms");
+    bench::report("longest main-thread pause, edit (screens)", shownEdit.longestPause, "ms");
+    bench::report("peak resident memory", static_cast<double>(bench::peakRSSBytes()) / 1048576.0,
+                  "MiB");
+}
