@@ -127,12 +127,12 @@ class Combiner {
 
     void declareMissingNamespaces(xml::Element otherRoot) {
         const auto own = m_copy.root.namespaceDeclarations();
-        for (const auto& [prefix, uri] : otherRoot.namespaceDeclarations()) {
+        for (const auto& declaration : otherRoot.namespaceDeclarations()) {
             const bool declared = std::any_of(own.begin(), own.end(), [&](const auto& existing) {
-                return existing.first == prefix;
+                return existing.first == declaration.first;
             });
             if (!declared) {
-                m_copy.root.declareNamespace(prefix, uri);
+                m_copy.root.declareNamespace(declaration.first, declaration.second);
             }
         }
     }

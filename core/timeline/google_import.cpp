@@ -22,15 +22,26 @@ constexpr double largestMinuteOffset = 525960;
 /// and costs no memory.
 constexpr std::size_t fewestBytesPerPoint = 45;
 
-/// Appends `text` to `out` without any occurrence of `removed`.
-void appendWithoutAll(std::string& out, std::string_view text, std::string_view removed) {
-    std::size_t position = 0;
-    for (auto found = text.find(removed); found != std::string_view::npos;
-         found = text.find(removed, position)) {
-        out.append(text.substr(position, found - position));
-        position = found + removed.size();
+/// Writes `text` to `out` (room for `text.size()` bytes) without any "geo:",
+/// and the result without any "°"; returns the length written.
+std::size_t writeWithoutMarks(std::string_view text, char* out) {
+    std::size_t length = 0;
+    for (std::size_t i = 0; i < text.size();) {
+        if (text[i] == 'g' && text.substr(i, 4) == "geo:") {
+            i += 4;
+        } else {
+            out[length++] = text[i++];
+        }
     }
-    out.append(text.substr(position));
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < length;) {
+        if (out[i] == '\xc2' && i + 1 < length && out[i + 1] == '\xb0') {
+            i += 2;
+        } else {
+            out[kept++] = out[i++];
+        }
+    }
+    return kept;
 }
 
 std::optional<Instant> parseRecordTime(const std::optional<std::string_view>& text) {
@@ -59,23 +70,25 @@ std::optional<Instant> pathPointTime(const GooglePathPoint& element,
 } // namespace
 
 std::optional<Coordinate> parseCoordinate(std::string_view text) {
-    // Millions of coordinates pass through here; reusing the buffers spares an
-    // allocation for each.
-    thread_local std::string withoutPrefix;
-    thread_local std::string cleaned;
-    withoutPrefix.clear();
-    appendWithoutAll(withoutPrefix, text, "geo:");
-    cleaned.clear();
-    appendWithoutAll(cleaned, withoutPrefix, "\xc2\xb0");
+    // Millions of coordinates pass through here: short ones are cleaned on the
+    // stack instead of in a new string each.
+    char shortText[80];
+    std::string longText;
+    char* buffer = shortText;
+    if (text.size() > sizeof shortText) {
+        longText.resize(text.size());
+        buffer = longText.data();
+    }
+    const std::string_view cleaned(buffer, writeWithoutMarks(text, buffer));
     std::optional<double> numbers[2];
     std::size_t count = 0;
     std::size_t position = 0;
     while (position <= cleaned.size()) {
         auto comma = cleaned.find(',', position);
-        if (comma == std::string::npos) {
+        if (comma == std::string_view::npos) {
             comma = cleaned.size();
         }
-        const auto piece = std::string_view(cleaned).substr(position, comma - position);
+        const auto piece = cleaned.substr(position, comma - position);
         position = comma + 1;
         if (piece.empty()) {
             continue;

@@ -4,33 +4,6 @@
 
 namespace trackloom {
 
-void forEachDayOf(const TimelinePoint& point, const TimelineCalendar& calendar,
-                  const std::function<void(Instant)>& visit) {
-    const auto first = calendar.startOfDay(point.time);
-    if (!first) {
-        return;
-    }
-    visit(*first);
-    if (point.kind != TimelinePointKind::visit || !point.endTime ||
-        !(*point.endTime > point.time)) {
-        return;
-    }
-    // A stay that ends exactly at midnight is over before the next day begins.
-    const auto last = calendar.startOfDay(point.endTime->advanced(-0.000001));
-    if (!last) {
-        return;
-    }
-    std::size_t count = 1;
-    for (auto day = *first; day < *last && count < longestStayInDays; ++count) {
-        const auto next = calendar.startOfNextDay(day);
-        if (!next || !(*next > day)) {
-            break;
-        }
-        visit(*next);
-        day = *next;
-    }
-}
-
 TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points, const date::time_zone* zone,
                               std::stop_token token) {
     TimelineCalendar calendar(zone);

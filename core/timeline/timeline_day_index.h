@@ -9,7 +9,6 @@
 #include "core/timeline/timeline_calendar.h"
 #include "core/timeline/timeline_point.h"
 
-#include <functional>
 #include <map>
 #include <stop_token>
 #include <vector>
@@ -36,8 +35,32 @@ struct TimelineDayIndex {
 inline constexpr std::size_t longestStayInDays = 36600;
 
 /// Calls `visit` with the start of each day `point` lies on, in order.
-void forEachDayOf(const TimelinePoint& point, const TimelineCalendar& calendar,
-                  const std::function<void(Instant)>& visit);
+template <typename Visit>
+void forEachDayOf(const TimelinePoint& point, const TimelineCalendar& calendar, Visit&& visit) {
+    const auto first = calendar.startOfDay(point.time);
+    if (!first) {
+        return;
+    }
+    visit(*first);
+    if (point.kind != TimelinePointKind::visit || !point.endTime ||
+        !(*point.endTime > point.time)) {
+        return;
+    }
+    // A stay that ends exactly at midnight is over before the next day begins.
+    const auto last = calendar.startOfDay(point.endTime->advanced(-0.000001));
+    if (!last) {
+        return;
+    }
+    std::size_t count = 1;
+    for (auto day = *first; day < *last && count < longestStayInDays; ++count) {
+        const auto next = calendar.startOfNextDay(day);
+        if (!next || !(*next > day)) {
+            break;
+        }
+        visit(*next);
+        day = *next;
+    }
+}
 
 /// The day index of `points` (any order) in `zone`. Throws `CancellationError`
 /// when `token` is stopped (checked every 2048 points).
