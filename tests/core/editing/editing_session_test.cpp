@@ -10,15 +10,8 @@ using testing::at;
 using testing::gpx11;
 using testing::point;
 using testing::refusal;
+using testing::segment;
 using testing::trackFrom;
-
-std::string segment(double latitude, int count) {
-    std::string points;
-    for (int i = 0; i < count; ++i) {
-        points += point("trkpt", latitude, i * 0.001);
-    }
-    return "<trkseg>" + points + "</trkseg>";
-}
 
 // A two-point route before a four-point track, joining its ends: an air route
 // whose points come after the track's.

@@ -38,6 +38,20 @@ inline Instant at(const std::string& text) {
     return time.value_or(Instant());
 }
 
+/// `count` points of element `kind` at `latitude`, one every 0.001° of longitude.
+inline std::string pointsAt(const std::string& kind, double latitude, int count) {
+    std::string points;
+    for (int i = 0; i < count; ++i) {
+        points += point(kind, latitude, i * 0.001);
+    }
+    return points;
+}
+
+/// A trkseg of `count` points along `latitude` (see `pointsAt`).
+inline std::string segment(double latitude, int count) {
+    return "<trkseg>" + pointsAt("trkpt", latitude, count) + "</trkseg>";
+}
+
 /// The message of the `GPXError` that `action` throws, or "" when it throws none.
 template <typename Action> std::string refusal(Action action) {
     try {

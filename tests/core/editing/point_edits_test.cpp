@@ -10,17 +10,9 @@ using testing::at;
 using testing::gpx11;
 using testing::point;
 using testing::refusal;
+using testing::segment;
 using testing::timed;
 using testing::trackFrom;
-
-/// A trkseg of `count` points along the equator, one every 0.001°.
-std::string segmentOf(int count, double latitude = 0) {
-    std::string points;
-    for (int i = 0; i < count; ++i) {
-        points += point("trkpt", latitude, i * 0.001);
-    }
-    return "<trkseg>" + points + "</trkseg>";
-}
 
 std::vector<std::size_t> sectionSizes(const GPXTrack& track) {
     std::vector<std::size_t> sizes;
@@ -33,13 +25,13 @@ std::vector<std::size_t> sectionSizes(const GPXTrack& track) {
 // A detailed track and a two-point route joining its ends: an air route. The
 // normal route before it makes its index differ from its position after edits.
 const std::string withRoutes =
-    gpx11("<trk><name>T</name>" + segmentOf(5) + "</trk><rte><name>R</name>" +
+    gpx11("<trk><name>T</name>" + segment(0, 5) + "</trk><rte><name>R</name>" +
           point("rtept", 1, 1) + point("rtept", 1, 2) + point("rtept", 1, 3) + "</rte><rte>" +
           point("rtept", 0, 0.004) + point("rtept", 0, 0) + "</rte>");
 
 TEST(Splitting, BothPartsKeepTheBoundaryPoint) {
-    const auto track = trackFrom(gpx11("<trk><name>Tour</name>" + segmentOf(2) + segmentOf(10, 1) +
-                                       segmentOf(3, 2) + "</trk>"));
+    const auto track = trackFrom(gpx11("<trk><name>Tour</name>" + segment(0, 2) + segment(1, 10) +
+                                       segment(2, 3) + "</trk>"));
     EXPECT_FALSE(canSplit(*track, 2)) << "first of its section";
     EXPECT_FALSE(canSplit(*track, 11)) << "last of its section";
     EXPECT_FALSE(canSplit(*track, 99));
@@ -78,7 +70,7 @@ TEST(Splitting, CreatesAMissingNameAsFirstChildWithoutRepeatingDeclarations) {
 }
 
 TEST(Splitting, Refusals) {
-    const auto track = trackFrom(gpx11("<trk>" + segmentOf(4) + "</trk>"));
+    const auto track = trackFrom(gpx11("<trk>" + segment(0, 4) + "</trk>"));
     EXPECT_EQ(refusal([&] { splitting(*track, 0, "A", "B"); }),
               "Wähle einen Punkt innerhalb eines Abschnitts, nicht dessen Start oder Ende.");
     EXPECT_EQ(refusal([&] { splitting(*track, 1, "  ", "B"); }),
@@ -88,7 +80,7 @@ TEST(Splitting, Refusals) {
 }
 
 TEST(Trimming, RemovesEverythingBeforeOrAfterAcrossSections) {
-    const auto track = trackFrom(gpx11("<trk>" + segmentOf(3) + segmentOf(3, 1) + "</trk>"));
+    const auto track = trackFrom(gpx11("<trk>" + segment(0, 3) + segment(1, 3) + "</trk>"));
     EXPECT_EQ(sectionSizes(*trimmingBefore(*track, 4)), (std::vector<std::size_t>{2}));
     EXPECT_EQ(sectionSizes(*trimmingAfter(*track, 1)), (std::vector<std::size_t>{2}));
 }
@@ -105,14 +97,14 @@ TEST(Trimming, LeavesAirRoutesAloneAndRefusesWhenNothingIsLeftToTrim) {
     EXPECT_EQ(refusal([&] { trimmingAfter(*track, -1); }),
               "Dieser Punkt lässt sich nicht als Ende setzen.");
 
-    const auto three = trackFrom(gpx11("<trk>" + segmentOf(3) + "</trk>"));
+    const auto three = trackFrom(gpx11("<trk>" + segment(0, 3) + "</trk>"));
     EXPECT_EQ(refusal([&] { trimmingBefore(*three, 2); }),
               "Mindestens zwei Punkte müssen erhalten bleiben.");
 }
 
 TEST(RemovingPoints, DropsSectionsTracksAndRoutesLeftEmpty) {
-    const auto track = trackFrom(gpx11("<trk><name>A</name>" + segmentOf(2) + "</trk><trk>" +
-                                       segmentOf(2, 1) + segmentOf(2, 2) + "</trk><rte>" +
+    const auto track = trackFrom(gpx11("<trk><name>A</name>" + segment(0, 2) + "</trk><trk>" +
+                                       segment(1, 2) + segment(2, 2) + "</trk><rte>" +
                                        point("rtept", 5, 5) + point("rtept", 5, 6) + "</rte>"));
     const auto result = removingPoints(*track, {0, 1, 4, 5, 6, 7});
     EXPECT_EQ(sectionSizes(*result), (std::vector<std::size_t>{2}));
@@ -141,7 +133,7 @@ TEST(RemovingPoints, Refusals) {
               }),
               "")
         << "the air route's two points remain";
-    const auto two = trackFrom(gpx11("<trk>" + segmentOf(2) + "</trk>"));
+    const auto two = trackFrom(gpx11("<trk>" + segment(0, 2) + "</trk>"));
     EXPECT_EQ(refusal([&] { removingPoints(*two, {1}); }),
               "Mindestens zwei Punkte müssen erhalten bleiben.");
 }
@@ -191,7 +183,7 @@ TEST(Inserting, GivesNoTimeWithoutTimedNeighboursAndKeepsThePointKind) {
 }
 
 TEST(Inserting, Refusals) {
-    const auto track = trackFrom(gpx11("<trk>" + segmentOf(2) + segmentOf(2, 1) + "</trk>"));
+    const auto track = trackFrom(gpx11("<trk>" + segment(0, 2) + segment(1, 2) + "</trk>"));
     const std::string atSectionEnd =
         "Wähle einen Punkt, auf den im selben Abschnitt noch ein Punkt folgt. Am Ende eines "
         "Abschnitts lässt sich nichts einfügen; verbinde vorher die Abschnitte.";
@@ -208,7 +200,7 @@ TEST(Inserting, Refusals) {
 
 TEST(SourcePointID, SkipsAirRoutePointsWhenTheyAreHidden) {
     const auto track = trackFrom(gpx11("<rte>" + point("rtept", 0, 0) + point("rtept", 0, 0.002) +
-                                       "</rte><trk>" + segmentOf(3) + "</trk>"));
+                                       "</rte><trk>" + segment(0, 3) + "</trk>"));
     ASSERT_EQ(track->airRoutePointIDs(), (std::set<std::int64_t>{3, 4}));
     EXPECT_EQ(sourcePointID(*track, 3, false), 3);
     EXPECT_EQ(sourcePointID(*track, 2, true), 2);

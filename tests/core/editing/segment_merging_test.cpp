@@ -8,20 +8,10 @@ namespace {
 
 using testing::gpx11;
 using testing::point;
+using testing::pointsAt;
 using testing::refusal;
+using testing::segment;
 using testing::trackFrom;
-
-std::string pointsAt(const std::string& kind, double latitude, int count) {
-    std::string points;
-    for (int i = 0; i < count; ++i) {
-        points += point(kind, latitude, i * 0.001);
-    }
-    return points;
-}
-
-std::string segment(double latitude, int count) {
-    return "<trkseg>" + pointsAt("trkpt", latitude, count) + "</trkseg>";
-}
 
 // The air route joins the ends of the first track; the normal route before it
 // shifts its index.

@@ -9,15 +9,8 @@ namespace {
 using testing::gpx11;
 using testing::point;
 using testing::refusal;
+using testing::segment;
 using testing::trackFrom;
-
-std::string segment(double latitude, int count) {
-    std::string points;
-    for (int i = 0; i < count; ++i) {
-        points += point("trkpt", latitude, i * 0.001);
-    }
-    return "<trkseg>" + points + "</trkseg>";
-}
 
 TEST(Appending, KeepsBothFilesInSchemaOrderWithSectionsApart) {
     const auto first = trackFrom(gpx11(
