@@ -1,6 +1,7 @@
 #pragma once
 
 #include <exception>
+#include <functional>
 #include <stop_token>
 
 namespace trackloom {
@@ -18,5 +19,9 @@ inline void throwIfCancelled(const std::stop_token& token) {
         throw CancellationError();
     }
 }
+
+/// Told the share of a long task that is done (0 … 1), on the thread doing it,
+/// at the same points where the task checks for cancellation.
+using ProgressReport = std::function<void(double share)>;
 
 } // namespace trackloom

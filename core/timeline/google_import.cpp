@@ -105,15 +105,19 @@ std::optional<Coordinate> parseCoordinate(std::string_view text) {
     return Coordinate{*numbers[0], *numbers[1]};
 }
 
-GoogleImport::GoogleImport(std::size_t expectedBytes, std::stop_token token)
-    : m_token(std::move(token)), m_visitLabel(localized("Aufenthalt")),
-      m_activityLabel(localized("Fahrt")) {
-    m_points.reserve(expectedBytes / fewestBytesPerPoint + 1);
+GoogleImport::GoogleImport(std::string_view data, std::stop_token token, ProgressReport progress)
+    : m_data(data), m_token(std::move(token)), m_progress(std::move(progress)),
+      m_visitLabel(localized("Aufenthalt")), m_activityLabel(localized("Fahrt")) {
+    m_points.reserve(data.size() / fewestBytesPerPoint + 1);
 }
 
 void GoogleImport::add(const RecordWrapper& entry) {
     if (m_entry % 1024 == 0) {
         throwIfCancelled(m_token);
+        if (m_progress && entry.position && !m_data.empty()) {
+            m_progress(static_cast<double>(entry.position - m_data.data()) /
+                       static_cast<double>(m_data.size()));
+        }
     }
     const auto segment = m_entry * segmentsPerEntry;
     ++m_entry;

@@ -4,6 +4,7 @@
 // one entry at a time, so that a large export is walked once and never held
 // twice. Every entry is counted; what cannot be used is counted as skipped.
 
+#include "core/base/cancellation.h"
 #include "core/timeline/google_records.h"
 #include "core/timeline/timeline_document.h"
 #include "core/track/track_model.h"
@@ -20,9 +21,10 @@ std::optional<Coordinate> parseCoordinate(std::string_view text);
 
 class GoogleImport {
   public:
-    /// An import expecting about `expectedBytes` of export (to size its point
-    /// list) that stops with `CancellationError` once `token` is stopped.
-    GoogleImport(std::size_t expectedBytes, std::stop_token token);
+    /// An import of the export in `data` (its size sizes the point list) that
+    /// stops with `CancellationError` once `token` is stopped and tells
+    /// `progress` the share of the bytes read so far.
+    GoogleImport(std::string_view data, std::stop_token token, ProgressReport progress = {});
 
     /// Reads the next entry of the export's list.
     void add(const RecordWrapper& entry);
@@ -50,7 +52,9 @@ class GoogleImport {
                 std::optional<std::string_view> coordinateText, std::optional<Instant> time,
                 std::optional<Instant> endTime, std::string_view label);
 
+    std::string_view m_data;
     std::stop_token m_token;
+    ProgressReport m_progress;
     std::vector<TimelinePoint> m_points;
     TimelineImportReport m_report;
     std::int64_t m_entry = 0;

@@ -176,7 +176,10 @@ template <typename Container>
 void decodeEntries(Container& list, const std::function<void(const RecordWrapper&)>& visit) {
     std::vector<GooglePathPoint> pathStorage;
     json::forEachElement(list, [&](Value& entry) {
+        const char* position = nullptr;
+        const bool located = entry.current_location().get(position) == simdjson::SUCCESS;
         auto wrapper = decodeWrapper(entry, pathStorage);
+        wrapper.position = located ? position : nullptr;
         visit(wrapper);
         if (wrapper.record && wrapper.record->timelinePath) {
             pathStorage = std::move(*wrapper.record->timelinePath);

@@ -74,6 +74,8 @@ struct GoogleRecord {
 /// decode as a record.
 struct RecordWrapper {
     std::optional<GoogleRecord> record;
+    /// Where the entry begins in the export's bytes, when the parser tells.
+    const char* position = nullptr;
 };
 
 namespace json {

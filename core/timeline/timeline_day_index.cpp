@@ -5,7 +5,7 @@
 namespace trackloom {
 
 TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points, const date::time_zone* zone,
-                              std::stop_token token) {
+                              std::stop_token token, const ProgressReport& progress) {
     TimelineCalendar calendar(zone);
     std::map<Instant, std::vector<std::int64_t>> ids;
     // Points mostly arrive in time order: remembering the last day found spares
@@ -14,6 +14,9 @@ TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points, const da
     for (std::size_t position = 0; position < points.size(); ++position) {
         if (position % 2048 == 0) {
             throwIfCancelled(token);
+            if (progress) {
+                progress(static_cast<double>(position) / static_cast<double>(points.size()));
+            }
         }
         const auto& point = points[position];
         forEachDayOf(point, calendar, [&](Instant day) {

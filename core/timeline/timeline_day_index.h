@@ -5,6 +5,7 @@
 // over midnight shows on both days while one ending exactly at midnight does not
 // reach into the next.
 
+#include "core/base/cancellation.h"
 #include "core/timeline/point_id_set.h"
 #include "core/timeline/timeline_calendar.h"
 #include "core/timeline/timeline_point.h"
@@ -63,8 +64,9 @@ void forEachDayOf(const TimelinePoint& point, const TimelineCalendar& calendar, 
 }
 
 /// The day index of `points` (any order) in `zone`. Throws `CancellationError`
-/// when `token` is stopped (checked every 2048 points).
+/// when `token` is stopped (checked every 2048 points, when `progress` also
+/// learns the share of the points done).
 TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points, const date::time_zone* zone,
-                              std::stop_token token = {});
+                              std::stop_token token = {}, const ProgressReport& progress = {});
 
 } // namespace trackloom

@@ -64,13 +64,14 @@ TimelineDocument::TimelineDocument(Numbering, std::vector<TimelinePoint> points,
     }
 }
 
-TimelineDocument TimelineDocument::read(std::string data, std::stop_token token) {
+TimelineDocument TimelineDocument::read(std::string data, std::stop_token token,
+                                        const ProgressReport& progress) {
     refuseOversizedData(data.size());
     // The parser reads a little past the end; room for that is all it needs,
     // instead of a padded copy of a history that may be 250 MB.
     data.reserve(data.size() + simdjson::SIMDJSON_PADDING);
     json::OnDemandDocument input(data, data.capacity());
-    GoogleImport import(data.size(), token);
+    GoogleImport import(data, token, progress);
     const auto google =
         decodeGoogleExport(input, [&](const RecordWrapper& entry) { import.add(entry); });
     // A working copy takes precedence. Only an object can be one, and only one
@@ -91,13 +92,13 @@ TimelineDocument TimelineDocument::read(std::string data, std::stop_token token)
 }
 
 TimelineDocument TimelineDocument::readFile(const std::filesystem::path& path,
-                                            std::stop_token token) {
+                                            std::stop_token token, const ProgressReport& progress) {
     std::error_code error;
     const auto size = std::filesystem::file_size(path, error);
     if (!error) {
         refuseOversizedData(size);
     }
-    return read(readFileBytes(path), std::move(token));
+    return read(readFileBytes(path), std::move(token), progress);
 }
 
 std::string TimelineDocument::workingCopy(const std::vector<TimelinePoint>& points) {

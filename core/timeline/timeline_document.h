@@ -5,6 +5,7 @@
 // Both formats end in the same constructor, which numbers the points by their
 // position, so a point's id is its index in `points()`.
 
+#include "core/base/cancellation.h"
 #include "core/timeline/timeline_point.h"
 
 #include <cstdint>
@@ -44,11 +45,14 @@ class TimelineDocument {
     /// export. Bad single entries are counted in the report; throws `GPXError`
     /// for data over 250 MB, a working copy of an unknown version, data in
     /// neither format, or no usable point, and `CancellationError` when
-    /// `token` is stopped (checked every 1024 entries).
-    static TimelineDocument read(std::string data, std::stop_token token = {});
+    /// `token` is stopped (checked every 1024 entries, when `progress` also
+    /// learns the share of the bytes read).
+    static TimelineDocument read(std::string data, std::stop_token token = {},
+                                 const ProgressReport& progress = {});
     /// Reads the file at `path` as `read` does, refusing one over 250 MB
     /// before reading it.
-    static TimelineDocument readFile(const std::filesystem::path& path, std::stop_token token = {});
+    static TimelineDocument readFile(const std::filesystem::path& path, std::stop_token token = {},
+                                     const ProgressReport& progress = {});
 
     /// The working-copy bytes of `points`, in the given order. Throws
     /// `GPXError` when a point holds a number that is not finite.

@@ -16,6 +16,16 @@ void sortByPrecedence(std::vector<TimelinePoint>& points) {
 
 TimelineSession::TimelineSession(TimelineDocument document, const date::time_zone* timeZone)
     : m_document(std::move(document)), m_calendar(timeZone) {
+    indexSegments();
+    m_index = trackloom::makeDayIndex(m_document.points(), timeZone).days;
+}
+
+TimelineSession::TimelineSession(TimelineDocument document, TimelineDayIndex index)
+    : m_document(std::move(document)), m_calendar(index.calendar), m_index(std::move(index.days)) {
+    indexSegments();
+}
+
+void TimelineSession::indexSegments() {
     const auto& points = m_document.points();
     m_nextID = static_cast<std::int64_t>(points.size());
     if (!points.empty()) {
@@ -31,7 +41,6 @@ TimelineSession::TimelineSession(TimelineDocument document, const date::time_zon
         segment->second.insert(point.id);
         m_nextSegment = std::max(m_nextSegment, point.segment + 1);
     }
-    m_index = trackloom::makeDayIndex(points, timeZone).days;
 }
 
 bool TimelineSession::isImported(std::int64_t id) const {
@@ -117,8 +126,9 @@ std::vector<TimelinePoint> TimelineSession::allPoints() const {
 
 TimelineDayIndex TimelineSession::makeDayIndex(const std::vector<TimelinePoint>& points,
                                                const date::time_zone* timeZone,
-                                               std::stop_token token) {
-    return trackloom::makeDayIndex(points, timeZone, std::move(token));
+                                               std::stop_token token,
+                                               const ProgressReport& progress) {
+    return trackloom::makeDayIndex(points, timeZone, std::move(token), progress);
 }
 
 void TimelineSession::applyDayIndex(TimelineDayIndex index) {

@@ -40,6 +40,9 @@ class TimelineSession {
   public:
     /// A session over `document` with its days counted in `timeZone`.
     TimelineSession(TimelineDocument document, const date::time_zone* timeZone);
+    /// A session over `document` with a day index made of its points in the
+    /// background (`makeDayIndex`), so that building one is never done twice.
+    TimelineSession(TimelineDocument document, TimelineDayIndex index);
     TimelineSession(const TimelineSession&) = delete;
     TimelineSession& operator=(const TimelineSession&) = delete;
 
@@ -64,7 +67,8 @@ class TimelineSession {
     /// The day index of `points` in `timeZone`; pure, for background work.
     static TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points,
                                          const date::time_zone* timeZone,
-                                         std::stop_token token = {});
+                                         std::stop_token token = {},
+                                         const ProgressReport& progress = {});
     /// Installs an index made from the current points, with its calendar.
     void applyDayIndex(TimelineDayIndex index);
     /// Counts the days in another zone; points and history stay as they are.
@@ -108,6 +112,7 @@ class TimelineSession {
   private:
     using Group = std::vector<Change>;
 
+    void indexSegments();
     bool isImported(std::int64_t id) const;
     /// The point as imported or created, ignoring edits and deletion.
     std::optional<TimelinePoint> baseline(std::int64_t id) const;
