@@ -2,7 +2,7 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
-#include "app/editor/time_conversion.h"
+#include "app/shell/time_conversion.h"
 
 #include <QFormLayout>
 #include <QLabel>

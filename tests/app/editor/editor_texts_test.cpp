@@ -1,30 +1,10 @@
 #include "app/editor/editor_texts.h"
 #include "app/editor/interval_table_model.h"
-#include "app/editor/time_conversion.h"
 #include "core/track/sample_track.h"
 #include "tests/app/editor/editor_test_support.h"
 
 namespace trackloom::testing {
 namespace {
-
-TEST(EditorTexts, DurationsRoundToWholeSecondsAndSwitchToHoursAtOne) {
-    coreApplication();
-    EXPECT_EQ(durationText(0), "0 min 0 s");
-    EXPECT_EQ(durationText(-12), "0 min 0 s");
-    EXPECT_EQ(durationText(59.5), "1 min 0 s");
-    EXPECT_EQ(durationText(3599.4), "59 min 59 s");
-    EXPECT_EQ(durationText(3599.5), "1 h 0 min");
-    EXPECT_EQ(durationText(7325), "2 h 2 min");
-    EXPECT_EQ(durationText(100 * 3600 + 59), "100 h 0 min");
-}
-
-TEST(EditorTexts, NumbersUseTheLocaleWithoutGrouping) {
-    coreApplication();
-    EXPECT_EQ(decimalText(1234.56, 1), "1234,6");
-    EXPECT_EQ(decimalText(-0.04, 1), "0,0");
-    EXPECT_EQ(shortDecimalText(20, 2), "20");
-    EXPECT_EQ(shortDecimalText(12.5, 2), "12,5");
-}
 
 TEST(EditorTexts, SuggestedExportNamesNeverRepeatTheOpenedName) {
     coreApplication();
@@ -43,17 +23,6 @@ TEST(EditorTexts, AppendReportWithoutAPreviousTrackIsOnlyTheCount) {
     EXPECT_EQ(appendReport(sample.get(), *sample, 482),
               "Track angehängt · 482 Punkte · Rückgängig ist möglich. Abstand am Übergang: 0,0 m. "
               "Achtung: Der neue Track beginnt 55 min 42 s vor dem Ende des bisherigen Tracks.");
-}
-
-TEST(EditorTexts, TimeFieldsShowAndTakeTheWallClockOfTheZone) {
-    const auto& berlin = *date::locate_zone("Europe/Berlin");
-    const Instant noon = testTime(2 * 3600 + 0.25);
-    const QDateTime shown = wallClockOf(noon, berlin);
-    EXPECT_EQ(shown.toString("yyyy-MM-dd HH:mm:ss.zzz"), "2025-06-01 14:00:00.250");
-    EXPECT_EQ(instantOfWallClock(shown, berlin), noon);
-    // Clocks jumped from 02:00 to 03:00 that night: 02:30 never happened.
-    const QDateTime skipped(QDate(2025, 3, 30), QTime(2, 30), Qt::UTC);
-    EXPECT_FALSE(instantOfWallClock(skipped, berlin));
 }
 
 class IntervalTable : public ::testing::Test {
