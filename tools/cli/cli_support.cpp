@@ -3,6 +3,8 @@
 #include "core/base/file_io.h"
 #include "core/base/json_writer.h"
 #include "core/base/original_file_protection.h"
+#include "core/timeline/timeline_calendar.h"
+#include "core/track/track_time.h"
 
 #include <filesystem>
 
@@ -26,6 +28,26 @@ std::string saveTrack(const GPXTrack& track, const std::string& destination,
         .value(track.segments().size())
         .endObject();
     return json.takeText();
+}
+
+const CLI::Validator trackTime(
+    [](const std::string& text) {
+        return parseTrackTime(text) ? std::string() : "keine Zeit mit Zonenangabe: " + text;
+    },
+    "TIME");
+
+Instant timeArgument(const std::string& text) {
+    return *parseTrackTime(text);
+}
+
+const CLI::Validator zoneName(
+    [](const std::string& name) {
+        return findTimeZone(name) ? std::string() : "Unbekannte Zeitzone: " + name;
+    },
+    "ZONE");
+
+const date::time_zone* zoneArgument(const std::string& name) {
+    return name.empty() ? systemTimeZone() : findTimeZone(name);
 }
 
 } // namespace trackloom::cli

@@ -1,10 +1,13 @@
 #pragma once
 
-// What the command groups share: opening a GPX file as the editor does, and
-// writing a track the way every export writes one.
+// What the command groups share: opening a GPX file as the editor does,
+// writing a track the way every export writes one, and the argument forms of
+// times and zones.
 
 #include "core/track/gpx_track.h"
 
+#include <CLI/CLI.hpp>
+#include <date/tz.h>
 #include <string>
 #include <vector>
 
@@ -20,5 +23,15 @@ TrackPtr openTrack(const std::string& path);
 /// or failed write leaves `destination` untouched.
 std::string saveTrack(const GPXTrack& track, const std::string& destination,
                       const std::vector<std::string>& opened);
+
+/// TIME arguments: the track time format, zone designator required.
+extern const CLI::Validator trackTime;
+/// The instant of a text that `trackTime` accepted.
+Instant timeArgument(const std::string& text);
+
+/// ZONE arguments: an IANA name the zone database knows.
+extern const CLI::Validator zoneName;
+/// The zone of a name that `zoneName` accepted; the system's zone for none.
+const date::time_zone* zoneArgument(const std::string& name);
 
 } // namespace trackloom::cli

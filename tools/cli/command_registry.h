@@ -30,5 +30,6 @@ void addGpxCommands(CLI::App& app, CommandRegistry& registry);
 void addGpxWriteCommands(CLI::App& app, CommandRegistry& registry);
 void addGpxEditCommands(CLI::App& app, CommandRegistry& registry);
 void addTimelineCommands(CLI::App& app, CommandRegistry& registry);
+void addPlacesCommands(CLI::App& app, CommandRegistry& registry);
 
 } // namespace trackloom::cli

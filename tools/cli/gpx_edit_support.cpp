@@ -38,16 +38,6 @@ std::string saveBytes(const std::string& bytes, const std::string& destination,
     return saveTrack(*track, destination, opened);
 }
 
-const CLI::Validator trackTime(
-    [](const std::string& text) {
-        return GPXTrack::parseTime(text) ? std::string() : "keine Zeit mit Zonenangabe: " + text;
-    },
-    "TIME");
-
-Instant timeArgument(const std::string& text) {
-    return *GPXTrack::parseTime(text);
-}
-
 std::optional<std::int64_t> parseInteger(const std::string& text) {
     return number<std::int64_t>(text);
 }

@@ -19,11 +19,6 @@ namespace trackloom::cli {
 std::string saveBytes(const std::string& bytes, const std::string& destination,
                       const std::vector<std::string>& opened);
 
-/// TIME arguments: the track time format, zone designator required.
-extern const CLI::Validator trackTime;
-/// The instant of a text that `trackTime` accepted.
-Instant timeArgument(const std::string& text);
-
 /// The whole text as an integer; nothing for any other text.
 std::optional<std::int64_t> parseInteger(const std::string& text);
 /// The whole text as a decimal number; nothing for any other text.

@@ -4,7 +4,7 @@
 
 int main(int argc, char** argv) {
     using namespace trackloom::cli;
-    CLI::App app{"Trackloom – GPX-Tracks und Zeitachsen auf der Kommandozeile"};
+    CLI::App app{"Trackloom – GPX-Tracks, Zeitachsen und Orte auf der Kommandozeile"};
     app.set_version_flag("--version", TRACKLOOM_VERSION);
     app.require_subcommand(1);
     CommandRegistry registry;
@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
     addGpxWriteCommands(app, registry);
     addGpxEditCommands(app, registry);
     addTimelineCommands(app, registry);
+    addPlacesCommands(app, registry);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

@@ -7,6 +7,7 @@
 #include "core/base/original_file_protection.h"
 #include "core/timeline/timeline_session.h"
 #include "core/track/track_time.h"
+#include "tools/cli/cli_support.h"
 #include "tools/cli/command_registry.h"
 
 #include <filesystem>
@@ -21,18 +22,6 @@ struct SessionArguments {
     std::string file;
     std::string zone;
 };
-
-const CLI::Validator zoneName(
-    [](std::string& name) {
-        return findTimeZone(name) ? std::string() : "Unbekannte Zeitzone: " + name;
-    },
-    "ZONE");
-
-const CLI::Validator trackTime(
-    [](std::string& text) {
-        return parseTrackTime(text) ? std::string() : "Ungültige Zeitangabe: " + text;
-    },
-    "TIME");
 
 /// A date "YYYY-MM-DD" as year, month and day; absent for anything else.
 std::optional<date::year_month_day> parseDate(std::string_view text) {
@@ -64,8 +53,8 @@ void addSessionOptions(CLI::App& command, SessionArguments& arguments) {
 }
 
 TimelineSession openSession(const SessionArguments& arguments) {
-    const auto* zone = arguments.zone.empty() ? systemTimeZone() : findTimeZone(arguments.zone);
-    return TimelineSession(TimelineDocument::readFile(arguments.file), zone);
+    return TimelineSession(TimelineDocument::readFile(arguments.file),
+                           zoneArgument(arguments.zone));
 }
 
 void writeReport(JsonWriter& json, const TimelineImportReport& report) {
@@ -186,8 +175,7 @@ void addExport(CLI::App& timeline, CommandRegistry& registry) {
                     throw GPXError("Ungültiger Tag.");
                 }
             } else {
-                range =
-                    DateInterval{*parseTrackTime(arguments->from), *parseTrackTime(arguments->to)};
+                range = DateInterval{timeArgument(arguments->from), timeArgument(arguments->to)};
             }
             const auto gpx =
                 session.gpxIn(*range, arguments->activities, arguments->visits, arguments->segment);
