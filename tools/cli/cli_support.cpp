@@ -30,11 +30,20 @@ std::string saveTrack(const GPXTrack& track, const std::string& destination,
     return json.takeText();
 }
 
-const CLI::Validator trackTime(
-    [](const std::string& text) {
-        return parseTrackTime(text) ? std::string() : "keine Zeit mit Zonenangabe: " + text;
-    },
-    "TIME");
+namespace {
+
+CLI::Validator timeValidator(std::string refusal) {
+    return CLI::Validator(
+        [refusal = std::move(refusal)](const std::string& text) {
+            return parseTrackTime(text) ? std::string() : refusal + text;
+        },
+        "TIME");
+}
+
+} // namespace
+
+const CLI::Validator trackTime = timeValidator("keine Zeit mit Zonenangabe: ");
+const CLI::Validator historyTime = timeValidator("Ungültige Zeitangabe: ");
 
 Instant timeArgument(const std::string& text) {
     return *parseTrackTime(text);

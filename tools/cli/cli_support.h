@@ -24,8 +24,11 @@ TrackPtr openTrack(const std::string& path);
 std::string saveTrack(const GPXTrack& track, const std::string& destination,
                       const std::vector<std::string>& opened);
 
-/// TIME arguments: the track time format, zone designator required.
+/// TIME arguments: the track time format, zone designator required. The
+/// editing commands and the history commands have always refused a bad time
+/// in their own words, which scripts may match.
 extern const CLI::Validator trackTime;
+extern const CLI::Validator historyTime;
 /// The instant of a text that `trackTime` accepted.
 Instant timeArgument(const std::string& text);
 

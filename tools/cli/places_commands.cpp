@@ -32,8 +32,9 @@ struct Selection {
 
 void addSelectionOptions(CLI::App& command, Selection& selection) {
     command.add_option("FILE", selection.file, "Zeitachsenexport oder Arbeitskopie")->required();
-    auto* from = command.add_option("--from", selection.from, "Beginn")->check(trackTime);
-    auto* to = command.add_option("--to", selection.to, "Ende (ausgeschlossen)")->check(trackTime);
+    auto* from = command.add_option("--from", selection.from, "Beginn")->check(historyTime);
+    auto* to =
+        command.add_option("--to", selection.to, "Ende (ausgeschlossen)")->check(historyTime);
     from->needs(to);
     to->needs(from);
     command.add_flag("--no-visits", selection.noVisits, "Aufenthalte nicht berücksichtigen");

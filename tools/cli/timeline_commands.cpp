@@ -151,8 +151,8 @@ void addExport(CLI::App& timeline, CommandRegistry& registry) {
     auto* command = timeline.add_subcommand("export", "Schreibt einen Tag oder Zeitraum als GPX");
     addSessionOptions(*command, arguments->session);
     auto* day = command->add_option("--day", arguments->day, "Kalendertag")->check(calendarDate);
-    auto* from = command->add_option("--from", arguments->from, "Beginn")->check(trackTime);
-    auto* to = command->add_option("--to", arguments->to, "Ende")->check(trackTime);
+    auto* from = command->add_option("--from", arguments->from, "Beginn")->check(historyTime);
+    auto* to = command->add_option("--to", arguments->to, "Ende")->check(historyTime);
     from->needs(to)->excludes(day);
     to->needs(from)->excludes(day);
     command->add_flag("--activities", arguments->activities, "grobe Fahrten mit exportieren");
