@@ -191,6 +191,14 @@ void TimelineSession::record(Group group) {
     m_redoStack.clear();
 }
 
+std::span<const Change> TimelineSession::nextUndo() const {
+    return m_undoStack.empty() ? std::span<const Change>() : std::span(m_undoStack.back());
+}
+
+std::span<const Change> TimelineSession::nextRedo() const {
+    return m_redoStack.empty() ? std::span<const Change>() : std::span(m_redoStack.back());
+}
+
 void TimelineSession::undo() {
     if (m_undoStack.empty()) {
         return;

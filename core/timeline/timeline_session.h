@@ -17,6 +17,7 @@
 
 #include <optional>
 #include <set>
+#include <span>
 #include <stop_token>
 #include <string>
 #include <string_view>
@@ -89,6 +90,12 @@ class TimelineSession {
 
     bool canUndo() const { return !m_undoStack.empty(); }
     bool canRedo() const { return !m_redoStack.empty(); }
+    /// How many steps can be undone; an edit that changed something adds one.
+    std::size_t undoCount() const { return m_undoStack.size(); }
+    /// The changes the next undo (or redo) applies; empty when there is none.
+    /// What an edit just recorded is the next undo.
+    std::span<const Change> nextUndo() const;
+    std::span<const Change> nextRedo() const;
     void undo();
     void redo();
 

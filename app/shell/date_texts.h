@@ -1,0 +1,37 @@
+#pragma once
+
+// Dates and times written by a localized template such as "EEEddMMyyyy" or
+// "jjmmss": the user's locale picks the pattern for those fields (order,
+// separators, 12- or 24-hour clock), the zone is given per call. ICU supplies
+// only the locale data; the zone arithmetic is date/tz's, as everywhere else.
+
+#include "core/base/instant.h"
+
+#include <QLocale>
+#include <QString>
+#include <date/tz.h>
+#include <memory>
+
+namespace trackloom {
+
+class DateTemplate {
+  public:
+    /// The best pattern of `locale` for the fields of `skeleton`.
+    explicit DateTemplate(const QString& skeleton, const QLocale& locale = QLocale());
+    ~DateTemplate();
+    DateTemplate(DateTemplate&&) noexcept;
+    DateTemplate& operator=(DateTemplate&&) noexcept;
+
+    /// The pattern chosen, in ICU's (and Unicode's) notation.
+    const QString& pattern() const { return m_pattern; }
+    /// `instant` as the wall clock in `zone` reads it (Gregorian calendar for
+    /// every year); empty for an instant outside the calendar.
+    QString format(Instant instant, const date::time_zone& zone) const;
+
+  private:
+    struct Formatter;
+    QString m_pattern;
+    std::unique_ptr<Formatter> m_format;
+};
+
+} // namespace trackloom
