@@ -11,14 +11,13 @@
 #include "app/editor/editor_view.h"
 #include "app/editor/map_editor.h"
 #include "app/shell/user_dialogs.h"
+#include "bench/support/event_loop_probe.h"
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
 #include "core/base/file_io.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <future>
 #include <memory>
 
@@ -34,41 +33,6 @@ struct NoDialogs : UserDialogs {
     bool confirm(const Confirmation&) override { return true; }
     void inform(const QString&, const QString&) override {}
 };
-
-struct Run {
-    double milliseconds = 0;
-    double longestPause = 0;
-};
-
-// Starts `request`, then runs the event loop until nothing is `busy`, probing
-// every 5 ms how long the loop could not answer.
-Run untilIdle(const std::function<bool()>& busy, const std::function<void()>& request) {
-    QElapsedTimer clock;
-    qint64 lastTick = 0;
-    double longestPause = 0;
-    QTimer probe;
-    probe.setInterval(5);
-    QObject::connect(&probe, &QTimer::timeout, [&] {
-        const qint64 now = clock.elapsed();
-        longestPause = std::max(longestPause, static_cast<double>(now - lastTick - 5));
-        lastTick = now;
-    });
-    clock.start();
-    probe.start();
-    request();
-    longestPause = std::max(longestPause, static_cast<double>(clock.elapsed()));
-    lastTick = clock.elapsed();
-    while (busy()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
-    }
-    QCoreApplication::processEvents();
-    return {static_cast<double>(clock.elapsed()), longestPause};
-}
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
 
 } // namespace
 
@@ -95,11 +59,11 @@ int main(int argc, char** argv) {
     const auto modelBusy = [&] { return model.busy(); };
     std::vector<double> opens, openPauses, edits, editPauses;
     for (int i = 0; i < repetitions; ++i) {
-        const Run open = untilIdle(modelBusy, [&] { model.load(file); });
+        const bench::EventLoopRun open = bench::untilIdle(modelBusy, [&] { model.load(file); });
         opens.push_back(open.milliseconds);
         openPauses.push_back(open.longestPause);
         const auto middle = static_cast<std::int64_t>(model.track()->points().size() / 2);
-        const Run edit = untilIdle(modelBusy, [&] {
+        const bench::EventLoopRun edit = bench::untilIdle(modelBusy, [&] {
             model.selectPoint(middle);
             model.deleteSelected();
         });
@@ -112,8 +76,8 @@ int main(int argc, char** argv) {
     view.resize(1280, 800);
     view.show();
     const auto screensBusy = [&] { return model.busy() || view.mapEditor()->isPreparing(); };
-    const Run shownOpen = untilIdle(screensBusy, [&] { model.load(file); });
-    const Run shownEdit = untilIdle(screensBusy, [&] {
+    const bench::EventLoopRun shownOpen = bench::untilIdle(screensBusy, [&] { model.load(file); });
+    const bench::EventLoopRun shownEdit = bench::untilIdle(screensBusy, [&] {
         model.selectPoint(static_cast<std::int64_t>(model.track()->points().size() / 2));
         model.deleteSelected();
     });
@@ -121,12 +85,12 @@ int main(int argc, char** argv) {
     bench::report("file size", static_cast<double>(bytes.size()) / 1048576.0, "MiB");
     bench::report("points", static_cast<double>(model.track()->points().size()), "");
     bench::report("(a) GPXTrack::read, median", read, "ms");
-    bench::report("(b) model open until shown, median", median(opens), "ms");
-    bench::report("ratio b/a", median(opens) / read, "");
-    bench::report("(c) delete one point until shown, median", median(edits), "ms");
-    bench::report("ratio c/a", median(edits) / read, "");
-    bench::report("longest main-thread pause, open (model)", median(openPauses), "ms");
-    bench::report("longest main-thread pause, edit (model)", median(editPauses), "ms");
+    bench::report("(b) model open until shown, median", bench::median(opens), "ms");
+    bench::report("ratio b/a", bench::median(opens) / read, "");
+    bench::report("(c) delete one point until shown, median", bench::median(edits), "ms");
+    bench::report("ratio c/a", bench::median(edits) / read, "");
+    bench::report("longest main-thread pause, open (model)", bench::median(openPauses), "ms");
+    bench::report("longest main-thread pause, edit (model)", bench::median(editPauses), "ms");
     bench::report("longest main-thread pause, open (screens)", shownOpen.longestPause, "ms");
     bench::report("longest main-thread pause, edit (screens)", shownEdit.longestPause, "ms");
     bench::report("peak resident memory", static_cast<double>(bench::peakRSSBytes()) / 1048576.0,

@@ -1,0 +1,38 @@
+#include "bench/support/event_loop_probe.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+#include <algorithm>
+
+namespace trackloom::bench {
+
+EventLoopRun untilIdle(const std::function<bool()>& busy, const std::function<void()>& request) {
+    QElapsedTimer clock;
+    qint64 lastTick = 0;
+    double longestPause = 0;
+    QTimer probe;
+    probe.setInterval(5);
+    QObject::connect(&probe, &QTimer::timeout, [&] {
+        const qint64 now = clock.elapsed();
+        longestPause = std::max(longestPause, static_cast<double>(now - lastTick - 5));
+        lastTick = now;
+    });
+    clock.start();
+    probe.start();
+    request();
+    longestPause = std::max(longestPause, static_cast<double>(clock.elapsed()));
+    lastTick = clock.elapsed();
+    while (busy()) {
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+    }
+    QCoreApplication::processEvents();
+    return {static_cast<double>(clock.elapsed()), longestPause};
+}
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+} // namespace trackloom::bench

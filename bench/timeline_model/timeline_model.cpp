@@ -1,0 +1,107 @@
+// The timeline workspace's model on the generated 250 MB history: opening it
+// until the day list is ready, against the core's import with its day index
+// alone; switching to the fullest day; a time-zone change against the core's
+// day index of all points; the longest pauses of the main thread meanwhile;
+// and the peak memory against the file's size.
+
+#include "app/timeline/timeline_model.h"
+#include "bench/support/event_loop_probe.h"
+#include "bench/support/large_timeline.h"
+#include "bench/support/measure.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <filesystem>
+#include <future>
+
+using namespace trackloom;
+
+namespace {
+
+struct NoDialogs : UserDialogs {
+    std::optional<QString> fileToOpen(const QString&, const QStringList&) override { return {}; }
+    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&) override {
+        return {};
+    }
+    bool confirm(const Confirmation&) override { return true; }
+    void inform(const QString&, const QString&) override {}
+};
+
+} // namespace
+
+int main(int argc, char** argv) {
+    QCoreApplication application(argc, argv);
+    const auto path = bench::ensureLargeTimeline(bench::benchmarkDataFolder());
+    const auto fileSize = static_cast<double>(std::filesystem::file_size(path));
+    const auto* berlin = date::locate_zone("Europe/Berlin");
+    const auto* tokyo = date::locate_zone("Asia/Tokyo");
+    constexpr int repetitions = 3;
+
+    NoDialogs dialogs;
+    TimelineModel model(dialogs, *berlin);
+    const auto busy = [&] { return model.busy(); };
+    std::vector<double> opens, openPauses;
+    double peakAfterOpen = 0;
+    for (int i = 0; i < repetitions; ++i) {
+        const auto open = bench::untilIdle(busy, [&] { model.load(QString::fromStdString(path)); });
+        opens.push_back(open.milliseconds);
+        openPauses.push_back(open.longestPause);
+        // Later opens hold the old history until the new one is ready.
+        if (i == 0) {
+            peakAfterOpen = static_cast<double>(bench::peakRSSBytes());
+        }
+    }
+    // The baseline runs on another thread too, as the model's import does.
+    const double coreOpen = std::async(std::launch::async, [&] {
+                                return bench::medianMilliseconds(repetitions, [&] {
+                                    const auto document = TimelineDocument::readFile(path);
+                                    makeDayIndex(document.points(), berlin);
+                                });
+                            }).get();
+
+    // The day with the most points, shown until the model has its points ready.
+    const auto fullest = std::max_element(
+        model.days().begin(), model.days().end(),
+        [](const TimelineDayRow& a, const TimelineDayRow& b) { return a.count < b.count; });
+    std::vector<double> switches;
+    for (int i = 0; i < 5; ++i) {
+        model.selectDay(model.days().front().day);
+        QElapsedTimer clock;
+        clock.start();
+        model.selectDay(fullest->day);
+        switches.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
+    }
+
+    auto allPoints = model.session()->allPoints();
+    const double coreIndex = std::async(std::launch::async, [&] {
+                                 return bench::medianMilliseconds(
+                                     repetitions, [&] { makeDayIndex(allPoints, tokyo); });
+                             }).get();
+    allPoints = {};
+    std::vector<double> zoneChanges, zonePauses;
+    for (int i = 0; i < repetitions; ++i) {
+        const auto zone = i % 2 == 0 ? "Asia/Tokyo" : "Europe/Berlin";
+        const auto change = bench::untilIdle(busy, [&] { model.changeZone(zone); });
+        zoneChanges.push_back(change.milliseconds);
+        zonePauses.push_back(change.longestPause);
+    }
+
+    const double open = bench::median(opens);
+    bench::report("ratio open until the day list is ready / core import and day index",
+                  open / coreOpen, "");
+    bench::report("file size", fileSize / 1048576.0, "MiB");
+    bench::report("points", static_cast<double>(model.session()->document().points().size()), "");
+    bench::report("days", static_cast<double>(model.days().size()), "");
+    bench::report("(a) core import and day index, median", coreOpen, "ms");
+    bench::report("(b) model open until the day list is ready, median", open, "ms");
+    bench::report("longest main-thread pause while opening", bench::median(openPauses), "ms");
+    bench::report("switch to the fullest day (" + std::to_string(fullest->count) + " points)",
+                  bench::median(switches), "ms");
+    bench::report("(c) core day index of all points, median", coreIndex, "ms");
+    bench::report("(d) model zone change until shown, median", bench::median(zoneChanges), "ms");
+    bench::report("ratio d/c", bench::median(zoneChanges) / coreIndex, "");
+    bench::report("longest main-thread pause during a zone change", bench::median(zonePauses),
+                  "ms");
+    bench::report("peak resident memory with the history open", peakAfterOpen / 1048576.0, "MiB");
+    bench::report("ratio peak memory / file size", peakAfterOpen / fileSize, "");
+}
