@@ -311,9 +311,11 @@ void TimelineModel::changeZone(const QString& identifier) {
     setStatus(tr("Tage werden für ") + identifier + tr(" neu zugeordnet …"));
     m_jobs.start<Reindexed>(
         indexLane,
-        [session = m_session, zone](const JobContext& context) {
+        [session = m_session, zone, pristine = m_session->isPristine()](const JobContext& context) {
             // Nothing edits the session while this runs: the model takes no edits.
-            const auto points = session->allPoints();
+            // Unedited, its points are the document's and need no copy.
+            const auto copy = pristine ? std::vector<TimelinePoint>() : session->recordedPoints();
+            const auto& points = pristine ? session->document().points() : copy;
             context.throwIfCancelled();
             auto index = TimelineSession::makeDayIndex(points, zone, context.token(),
                                                        context.progressBetween(0, 0.8));

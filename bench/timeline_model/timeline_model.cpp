@@ -5,6 +5,7 @@
 // and the peak memory against the file's size.
 
 #include "app/timeline/timeline_model.h"
+
 #include "bench/support/event_loop_probe.h"
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
@@ -41,7 +42,9 @@ int main(int argc, char** argv) {
     TimelineModel model(dialogs, *berlin);
     const auto busy = [&] { return model.busy(); };
     std::vector<double> opens, openPauses;
+    std::vector<double> coreOpens;
     double peakAfterOpen = 0;
+    // Model and core take turns, so that load from other processes hits both.
     for (int i = 0; i < repetitions; ++i) {
         const auto open = bench::untilIdle(busy, [&] { model.load(QString::fromStdString(path)); });
         opens.push_back(open.milliseconds);
@@ -50,33 +53,35 @@ int main(int argc, char** argv) {
         if (i == 0) {
             peakAfterOpen = static_cast<double>(bench::peakRSSBytes());
         }
-    }
-    // The baseline runs on another thread too, as the model's import does.
-    const double coreOpen = std::async(std::launch::async, [&] {
-                                return bench::medianMilliseconds(repetitions, [&] {
+        // The baseline runs on another thread too, as the model's import does.
+        coreOpens.push_back(std::async(std::launch::async, [&] {
+                                return bench::medianMilliseconds(1, [&] {
                                     const auto document = TimelineDocument::readFile(path);
                                     makeDayIndex(document.points(), berlin);
                                 });
-                            }).get();
+                            }).get());
+    }
+    const double coreOpen = bench::median(coreOpens);
 
     // The day with the most points, shown until the model has its points ready.
     const auto fullest = std::max_element(
         model.days().begin(), model.days().end(),
         [](const TimelineDayRow& a, const TimelineDayRow& b) { return a.count < b.count; });
     std::vector<double> switches;
+    const auto other = fullest == model.days().begin() ? model.days().back() : model.days().front();
     for (int i = 0; i < 5; ++i) {
-        model.selectDay(model.days().front().day);
+        model.selectDay(other.day);
         QElapsedTimer clock;
         clock.start();
         model.selectDay(fullest->day);
         switches.push_back(static_cast<double>(clock.nsecsElapsed()) / 1e6);
     }
 
-    auto allPoints = model.session()->allPoints();
-    const double coreIndex = std::async(std::launch::async, [&] {
-                                 return bench::medianMilliseconds(
-                                     repetitions, [&] { makeDayIndex(allPoints, tokyo); });
-                             }).get();
+    auto allPoints = model.session()->recordedPoints();
+    const double coreIndex =
+        std::async(std::launch::async, [&] {
+            return bench::medianMilliseconds(repetitions, [&] { makeDayIndex(allPoints, tokyo); });
+        }).get();
     allPoints = {};
     std::vector<double> zoneChanges, zonePauses;
     for (int i = 0; i < repetitions; ++i) {

@@ -113,6 +113,12 @@ std::vector<TimelinePoint> TimelineSession::pointsIn(DateInterval range) const {
 }
 
 std::vector<TimelinePoint> TimelineSession::allPoints() const {
+    auto points = recordedPoints();
+    sortByPrecedence(points);
+    return points;
+}
+
+std::vector<TimelinePoint> TimelineSession::recordedPoints() const {
     std::vector<TimelinePoint> points;
     points.reserve(m_document.points().size() + m_created.size());
     for (std::int64_t id = 0; id < m_nextID; ++id) {
@@ -120,7 +126,6 @@ std::vector<TimelinePoint> TimelineSession::allPoints() const {
             points.push_back(std::move(*current));
         }
     }
-    sortByPrecedence(points);
     return points;
 }
 

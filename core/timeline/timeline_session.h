@@ -64,6 +64,14 @@ class TimelineSession {
     /// `range.start` up to the last day starting before `range.end`.
     std::vector<TimelinePoint> pointsIn(DateInterval range) const;
     std::vector<TimelinePoint> allPoints() const;
+    /// Every current point in recorded order: imported points by id, then the
+    /// points splits created. Cheaper than `allPoints` where order is no matter.
+    std::vector<TimelinePoint> recordedPoints() const;
+    /// No point was edited, deleted or created: the current points are exactly
+    /// the document's, in the same order.
+    bool isPristine() const {
+        return m_overrides.empty() && m_created.empty() && m_removed.empty();
+    }
 
     /// The day index of `points` in `timeZone`; pure, for background work.
     static TimelineDayIndex makeDayIndex(const std::vector<TimelinePoint>& points,
