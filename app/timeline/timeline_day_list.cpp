@@ -45,25 +45,27 @@ int TimelineDayList::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
 }
 
-QString TimelineDayList::detail(const TimelineDayRow& row) const {
-    const auto& summary = row.summary;
+QString TimelineDayList::count(const TimelineDayRow& row) const {
     QString text = QString::number(row.count) + tr(" Punkte");
+    if (row.summary.pathDistance > 0) {
+        text += QStringLiteral(" · ") + distanceText(row.summary.pathDistance);
+    }
+    return text;
+}
+
+QString TimelineDayList::times(const TimelineDayRow& row) const {
+    const auto& summary = row.summary;
+    QStringList parts;
     const QString first = m_model.clockText(summary.first);
     const QString last = m_model.clockText(summary.last);
     if (!first.isEmpty()) {
-        text += QStringLiteral(" · ") + first;
-        if (last != first) {
-            text += QStringLiteral(" – ") + last;
-        }
+        parts += last == first ? first : first + QStringLiteral(" – ") + last;
     }
     if (summary.visits > 0) {
-        text += QStringLiteral(" · ") + QString::number(summary.visits) +
-                (summary.visits == 1 ? tr(" Aufenthalt") : tr(" Aufenthalte"));
+        parts += QString::number(summary.visits) +
+                 (summary.visits == 1 ? tr(" Aufenthalt") : tr(" Aufenthalte"));
     }
-    if (summary.pathDistance > 0) {
-        text += QStringLiteral(" · ") + distanceText(summary.pathDistance);
-    }
-    return text;
+    return parts.join(QStringLiteral(" · "));
 }
 
 QVariant TimelineDayList::data(const QModelIndex& index, int role) const {
@@ -75,8 +77,14 @@ QVariant TimelineDayList::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return m_model.dayText(row.day);
     case Qt::ToolTipRole:
-    case detailRole:
-        return detail(row);
+    case detailRole: {
+        const QString below = times(row);
+        return below.isEmpty() ? count(row) : count(row) + QStringLiteral(" · ") + below;
+    }
+    case countRole:
+        return count(row);
+    case timesRole:
+        return times(row);
     case dayRole:
         return row.day.secondsSinceReference();
     case shownRole:

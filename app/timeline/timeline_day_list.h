@@ -21,6 +21,10 @@ class TimelineDayList : public QAbstractListModel {
         dayRole,
         /// Whether this is the day shown (`bool`).
         shownRole,
+        /// The detail split for a narrow row: points and distance beside the
+        /// title ("412 Punkte · 12,4 km"), times and stays below it.
+        countRole,
+        timesRole,
     };
 
     explicit TimelineDayList(const TimelineModel& model, QObject* parent = nullptr);
@@ -34,7 +38,8 @@ class TimelineDayList : public QAbstractListModel {
 
   private:
     void reload();
-    QString detail(const TimelineDayRow& row) const;
+    QString count(const TimelineDayRow& row) const;
+    QString times(const TimelineDayRow& row) const;
 
     const TimelineModel& m_model;
     std::vector<TimelineDayRow> m_rows;

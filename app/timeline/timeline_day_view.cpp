@@ -12,6 +12,7 @@
 #include <QSignalBlocker>
 #include <QStyledItemDelegate>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace trackloom {
 namespace {
@@ -48,20 +49,30 @@ class DayDelegate : public QStyledItemDelegate {
         painter->setPen(option.palette.color(role));
         const QFontMetrics title(option.font);
         const QRect titleRect(area.left(), area.top(), area.width(), title.height());
-        painter->drawText(titleRect, Qt::AlignLeft | Qt::AlignVCenter,
-                          title.elidedText(index.data().toString(), Qt::ElideRight, area.width()));
         const QFont small = smaller(option.font);
         const QFontMetrics detail(small);
-        painter->setFont(small);
         QColor grey = option.palette.color(role);
         if (!shown) {
             grey.setAlphaF(0.65f);
         }
+        // The figures keep their place at the right; the title gives way.
+        const QString count = index.data(TimelineDayList::countRole).toString();
+        const int countWidth = std::min(detail.horizontalAdvance(count), area.width() / 2);
+        painter->setFont(small);
+        painter->setPen(grey);
+        painter->drawText(titleRect, Qt::AlignRight | Qt::AlignVCenter,
+                          detail.elidedText(count, Qt::ElideRight, countWidth));
+        painter->setFont(option.font);
+        painter->setPen(option.palette.color(role));
+        painter->drawText(titleRect, Qt::AlignLeft | Qt::AlignVCenter,
+                          title.elidedText(index.data().toString(), Qt::ElideRight,
+                                           area.width() - countWidth - 2 * padding));
+        painter->setFont(small);
         painter->setPen(grey);
         const QRect detailRect(area.left(), titleRect.bottom() + padding, area.width(),
                                detail.height());
         painter->drawText(detailRect, Qt::AlignLeft | Qt::AlignVCenter,
-                          detail.elidedText(index.data(TimelineDayList::detailRole).toString(),
+                          detail.elidedText(index.data(TimelineDayList::timesRole).toString(),
                                             Qt::ElideRight, area.width()));
         painter->restore();
     }

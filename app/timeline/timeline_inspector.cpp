@@ -23,6 +23,8 @@ QDateTimeEdit* timeField() {
     field->setDisplayFormat(QStringLiteral("dd.MM.yyyy HH:mm:ss"));
     // The wall clock of the model's zone, carried in a UTC value.
     field->setTimeSpec(Qt::UTC);
+    // Without a point the field shows a dash, not the current time.
+    field->setSpecialValueText(QStringLiteral("–"));
     return field;
 }
 
@@ -161,8 +163,10 @@ void TimelineInspector::refresh() {
     {
         const QSignalBlocker timing(m_time);
         const QSignalBlocker ending(m_end);
-        m_time->setDateTime(wallClockOf(m_model.pointTime(), m_model.zone()));
-        m_end->setDateTime(wallClockOf(m_model.visitEnd(), m_model.zone()));
+        m_time->setDateTime(selected ? wallClockOf(m_model.pointTime(), m_model.zone())
+                                     : m_time->minimumDateTime());
+        m_end->setDateTime(visit ? wallClockOf(m_model.visitEnd(), m_model.zone())
+                                 : m_end->minimumDateTime());
         m_pick->setChecked(m_model.moveOnMap());
     }
     setText(m_latitude, m_model.latitude());

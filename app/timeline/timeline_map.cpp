@@ -23,17 +23,17 @@ Coordinate coordinateOf(const TimelinePoint& point) {
 }
 
 TimelineMap::Overlays overlaysOf(const std::vector<TimelinePoint>& shown) {
-    TimelineMap::Overlays overlays{
-        std::make_shared<PolylineOverlay>(QColor(0, 102, 204), 3),
-        std::make_shared<PointsOverlay>(MarkerStyle{QColor(0, 102, 204), QColor(Qt::white), 3, 1}),
-        std::make_shared<PointsOverlay>(
-            MarkerStyle{QColor(52, 199, 89), QColor(Qt::black), 5, 1.5}),
-        std::make_shared<VisitOverlay>(),
-        std::make_shared<PointsOverlay>(),
-        {},
-        {},
-        {},
-        false};
+    TimelineMap::Overlays overlays{std::make_shared<PolylineOverlay>(QColor(0, 102, 204), 3),
+                                   std::make_shared<PointsOverlay>(MarkerStyle{
+                                       QColor(0, 102, 204), QColor(255, 255, 255, 160), 2.5, 0.5}),
+                                   std::make_shared<PointsOverlay>(
+                                       MarkerStyle{QColor(52, 199, 89), QColor(Qt::black), 5, 1.5}),
+                                   std::make_shared<VisitOverlay>(),
+                                   std::make_shared<PointsOverlay>(),
+                                   {},
+                                   {},
+                                   {},
+                                   false};
     // Lines follow time within each section and never jump between sections.
     std::vector<const TimelinePoint*> ordered;
     ordered.reserve(shown.size());

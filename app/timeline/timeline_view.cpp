@@ -27,9 +27,9 @@ TimelineView::TimelineView(TimelineModel& model, TileSource* tiles, QWidget* par
     side->setWidgetResizable(true);
     side->setFrameShape(QFrame::NoFrame);
     side->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    side->setMinimumWidth(m_inspector->minimumSizeHint().width() + 16);
+    side->setMinimumWidth(220);
 
-    m_days->setMinimumWidth(180);
+    m_days->setMinimumWidth(200);
     auto* page = new QSplitter(Qt::Horizontal);
     page->addWidget(m_days);
     page->addWidget(middle);
@@ -37,7 +37,7 @@ TimelineView::TimelineView(TimelineModel& model, TileSource* tiles, QWidget* par
     page->setStretchFactor(0, 0);
     page->setStretchFactor(1, 1);
     page->setStretchFactor(2, 0);
-    page->setSizes({240, 600, 280});
+    page->setSizes({240, 1000, 240});
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
