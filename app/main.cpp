@@ -9,6 +9,7 @@
 #include "app/shell/native_dialogs.h"
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
+#include "app/timeline/timeline_workspace.h"
 #include "core/timeline/timeline_calendar.h"
 
 #include <QApplication>
@@ -57,8 +58,11 @@ int main(int argc, char** argv) {
                      screenshot ? nullptr : std::make_unique<NetworkTileFetcher>());
     MainWindow window(settings, dialogs, tiles);
     nativeDialogs.setParentWindow(&window);
-    window.addWorkspace(
-        std::make_unique<EditorWorkspace>(store, dialogs, &tiles, *systemTimeZone()));
+    auto editor = std::make_unique<EditorWorkspace>(store, dialogs, &tiles, *systemTimeZone());
+    auto timeline = std::make_unique<TimelineWorkspace>(dialogs, &tiles, *systemTimeZone());
+    timeline->setTrackReceiver(editor.get());
+    window.addWorkspace(std::move(editor));
+    window.addWorkspace(std::move(timeline));
 
     window.openFiles(options.files);
     if (options.screenshotPath) {

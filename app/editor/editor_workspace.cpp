@@ -87,4 +87,9 @@ bool EditorWorkspace::isBusy() const {
     return m_model.busy() || (m_view && m_view->mapEditor()->isPreparing());
 }
 
+void EditorWorkspace::receiveTrack(TrackHandOver track) {
+    m_model.acceptTimelineDay(std::move(track.gpx), track.title, std::move(track.sourcePath));
+    emit activationRequested();
+}
+
 } // namespace trackloom

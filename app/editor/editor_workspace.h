@@ -6,6 +6,7 @@
 
 #include "app/editor/editor_commands.h"
 #include "app/editor/editor_model.h"
+#include "app/shell/hand_over.h"
 #include "app/shell/workspace.h"
 
 #include <QPointer>
@@ -15,7 +16,7 @@ namespace trackloom {
 class EditorView;
 class TileSource;
 
-class EditorWorkspace : public Workspace {
+class EditorWorkspace : public Workspace, public TrackReceiver {
     Q_OBJECT
 
   public:
@@ -38,6 +39,9 @@ class EditorWorkspace : public Workspace {
     void redo() override;
     std::optional<UnsavedWork> unsavedWork() const override;
     bool isBusy() const override;
+
+    /// A selection of the timeline becomes the edited track, and the editor comes to the front.
+    void receiveTrack(TrackHandOver track) override;
 
   private:
     UserDialogs& m_dialogs;

@@ -128,8 +128,15 @@ void ShellMenus::setActiveWorkspace(Workspace* workspace) {
 }
 
 void ShellMenus::updateUndoRedo() {
-    m_undo->setEnabled(m_active && m_active->canUndo());
-    m_redo->setEnabled(m_active && m_active->canRedo());
+    const bool canUndo = m_active && m_active->canUndo();
+    const bool canRedo = m_active && m_active->canRedo();
+    m_undo->setEnabled(canUndo);
+    m_redo->setEnabled(canRedo);
+    const auto named = [](const QString& plain, const QString& name) {
+        return name.isEmpty() ? plain : plain + QStringLiteral(": ") + name;
+    };
+    m_undo->setText(named(tr("Rückgängig"), canUndo ? m_active->undoText() : QString()));
+    m_redo->setText(named(tr("Wiederholen"), canRedo ? m_active->redoText() : QString()));
 }
 
 } // namespace trackloom

@@ -55,6 +55,10 @@ class Workspace : public QObject {
     virtual bool canRedo() const { return false; }
     virtual void undo() {}
     virtual void redo() {}
+    /// What undo and redo would do ("Punkt ändern"), for the menu; empty when
+    /// the workspace does not name its steps.
+    virtual QString undoText() const { return {}; }
+    virtual QString redoText() const { return {}; }
 
     /// What quitting now would lose, or nothing.
     virtual std::optional<UnsavedWork> unsavedWork() const = 0;
