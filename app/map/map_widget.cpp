@@ -40,6 +40,11 @@ MapWidget::MapWidget(TileSource* tiles, QWidget* parent) : QWidget(parent), m_ti
 MapWidget::~MapWidget() = default;
 
 void MapWidget::setViewport(const MapViewport& viewport) {
+    m_fitted.reset();
+    applyViewport(viewport);
+}
+
+void MapWidget::applyViewport(const MapViewport& viewport) {
     const MapViewport sized = viewport.resized(size());
     if (sized == m_viewport) {
         return;
@@ -50,12 +55,23 @@ void MapWidget::setViewport(const MapViewport& viewport) {
 }
 
 void MapWidget::fitCoordinates(const std::vector<Coordinate>& coordinates) {
-    if (width() <= 0 || height() <= 0 || !testAttribute(Qt::WA_Resized)) {
-        m_pendingFit = coordinates;
+    if (coordinates.empty()) {
         return;
     }
-    m_pendingFit.reset();
-    setViewport(m_viewport.resized(size()).fitting(coordinates));
+    // The corners of the box keep what `fitting` needs, whatever the number of
+    // points: the projection is monotonic in latitude and longitude.
+    Coordinate low = coordinates.front();
+    Coordinate high = low;
+    for (const auto& coordinate : coordinates) {
+        low = {std::min(low.latitude, coordinate.latitude),
+               std::min(low.longitude, coordinate.longitude)};
+        high = {std::max(high.latitude, coordinate.latitude),
+                std::max(high.longitude, coordinate.longitude)};
+    }
+    m_fitted = std::vector<Coordinate>{low, high};
+    if (width() > 0 && height() > 0 && testAttribute(Qt::WA_Resized)) {
+        applyViewport(m_viewport.resized(size()).fitting(*m_fitted));
+    }
 }
 
 void MapWidget::addOverlay(std::shared_ptr<MapOverlay> overlay) {
@@ -151,13 +167,12 @@ void MapWidget::paintNotes(QPainter& painter) const {
 }
 
 void MapWidget::resizeEvent(QResizeEvent*) {
-    if (m_pendingFit && width() > 0 && height() > 0) {
-        const auto coordinates = std::move(*m_pendingFit);
-        m_pendingFit.reset();
-        setViewport(m_viewport.resized(size()).fitting(coordinates));
+    // Until the user moves the map, it keeps showing what it was fitted to.
+    if (m_fitted && width() > 0 && height() > 0) {
+        applyViewport(m_viewport.resized(size()).fitting(*m_fitted));
         return;
     }
-    setViewport(m_viewport.resized(size()));
+    applyViewport(m_viewport.resized(size()));
 }
 
 bool MapWidget::event(QEvent* event) {

@@ -61,6 +61,7 @@ class MapWidget : public QWidget, private MapInteractionHost {
 
   private:
     const MapViewport& currentViewport() const override { return m_viewport; }
+    void applyViewport(const MapViewport& viewport);
     void paintTiles(QPainter& painter);
     bool paintFallbackTile(QPainter& painter, TileKey tile) const;
     void paintNotes(QPainter& painter) const;
@@ -78,7 +79,8 @@ class MapWidget : public QWidget, private MapInteractionHost {
     std::vector<std::shared_ptr<MapOverlay>> m_overlays;
     std::unique_ptr<MapInteraction> m_interaction;
     std::optional<Press> m_press;
-    std::optional<std::vector<Coordinate>> m_pendingFit;
+    // The corners of the last fit, while the user has not moved the map since.
+    std::optional<std::vector<Coordinate>> m_fitted;
 };
 
 } // namespace trackloom

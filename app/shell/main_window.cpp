@@ -67,6 +67,16 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
     m_workspaces.push_back(workspace);
     m_pages->addWidget(workspace->view());
     m_sidebar->addItem(new QListWidgetItem(workspace->icon(), workspace->title()));
+    // As wide as its longest title: on a small screen every pixel goes to the map.
+    int widest = 0;
+    for (const Workspace* each : m_workspaces) {
+        widest = std::max(widest, m_sidebar->fontMetrics().horizontalAdvance(each->title()));
+    }
+    const int sidebarWidth = std::clamp(widest + 40, 120, 220);
+    m_sidebar->setMaximumWidth(sidebarWidth);
+    if (auto* splitter = qobject_cast<QSplitter*>(centralWidget())) {
+        splitter->setSizes({sidebarWidth, std::max(1, splitter->width() - sidebarWidth)});
+    }
     m_sidebar->setVisible(m_menus->sidebarAction()->isChecked());
     m_menus->setWorkspaces(m_workspaces);
     connect(workspace, &Workspace::stateChanged, this,

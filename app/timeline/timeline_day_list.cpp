@@ -46,7 +46,7 @@ int TimelineDayList::rowCount(const QModelIndex& parent) const {
 }
 
 QString TimelineDayList::count(const TimelineDayRow& row) const {
-    QString text = QString::number(row.count) + tr(" Punkte");
+    QString text = QString::number(row.count) + (row.count == 1 ? tr(" Punkt") : tr(" Punkte"));
     if (row.summary.pathDistance > 0) {
         text += QStringLiteral(" · ") + distanceText(row.summary.pathDistance);
     }
@@ -57,7 +57,7 @@ QString TimelineDayList::times(const TimelineDayRow& row) const {
     const auto& summary = row.summary;
     QStringList parts;
     const QString first = m_model.clockText(summary.first);
-    const QString last = m_model.clockText(summary.last);
+    const QString last = m_model.clockTextOn(row.day, summary.last);
     if (!first.isEmpty()) {
         parts += last == first ? first : first + QStringLiteral(" – ") + last;
     }

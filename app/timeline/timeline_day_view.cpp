@@ -57,7 +57,8 @@ class DayDelegate : public QStyledItemDelegate {
         }
         // The figures keep their place at the right; the title gives way.
         const QString count = index.data(TimelineDayList::countRole).toString();
-        const int countWidth = std::min(detail.horizontalAdvance(count), area.width() / 2);
+        // A pixel of slack: the advance is rounded, and eliding must never bite.
+        const int countWidth = std::min(detail.horizontalAdvance(count) + 2, area.width() / 2);
         painter->setFont(small);
         painter->setPen(grey);
         painter->drawText(titleRect, Qt::AlignRight | Qt::AlignVCenter,

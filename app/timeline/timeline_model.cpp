@@ -72,6 +72,15 @@ QString TimelineModel::clockText(Instant instant) const {
     return m_clockFormat.format(instant, *m_zone);
 }
 
+QString TimelineModel::clockTextOn(Instant day, Instant instant) const {
+    QString text = clockText(instant);
+    const TimelineCalendar calendar(m_zone);
+    if (instant > day && calendar.startOfDay(instant) == instant && text.startsWith(u"00")) {
+        text.replace(0, 2, QStringLiteral("24"));
+    }
+    return text;
+}
+
 QString TimelineModel::scopeTitle() const {
     const auto interval = scopeInterval();
     if (!interval || !m_session) {

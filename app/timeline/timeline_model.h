@@ -113,6 +113,9 @@ class TimelineModel : public QObject {
     /// The day list's texts.
     QString dayText(Instant day) const;
     QString clockText(Instant instant) const;
+    /// The clock text of `instant` on the day starting at `day`: the day's end
+    /// (the next day's first instant) reads "24:00:00", not midnight.
+    QString clockTextOn(Instant day, Instant instant) const;
     /// The section (segment) all selected points share, if one.
     std::optional<std::int64_t> selectedSection() const;
 
