@@ -38,7 +38,9 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Trackloom"));
     QApplication::setApplicationDisplayName(QStringLiteral("Trackloom"));
     QApplication::setApplicationVersion(QStringLiteral(TRACKLOOM_VERSION));
-    installTranslations(application, QLocale::system());
+    QSettings store;
+    AppSettings settings(store);
+    installTranslations(application, interfaceLocale(settings.language(), QLocale::system()));
 
     const auto parsed = parseLaunchOptions(QApplication::arguments());
     if (const auto* exit = std::get_if<LaunchExit>(&parsed)) {
@@ -46,8 +48,6 @@ int main(int argc, char** argv) {
     }
     const auto& options = std::get<LaunchOptions>(parsed);
 
-    QSettings store;
-    AppSettings settings(store);
     NativeDialogs nativeDialogs(settings);
     HeadlessDialogs headlessDialogs;
     // Nobody is there to answer a dialog while a screenshot is taken.

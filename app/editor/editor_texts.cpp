@@ -8,7 +8,7 @@ namespace trackloom {
 namespace {
 
 QString tr(const char* text) {
-    return QCoreApplication::translate("EditorModel", text);
+    return QCoreApplication::translate("trackloom", text);
 }
 
 QString integerText(long long value) {

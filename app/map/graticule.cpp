@@ -57,7 +57,8 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
         painter.drawLine(QPointF(x, world.top()), QPointF(x, world.bottom()));
         painter.setPen(labelColor);
         painter.drawText(QPointF(x + 3, std::max(0.0, world.top()) + 12),
-                         degreeLabel(longitude, "O", "W"));
+                         degreeLabel(longitude, QT_TRANSLATE_NOOP("trackloom", "O"),
+                                     QT_TRANSLATE_NOOP("trackloom", "W")));
     }
     const double lowest = std::max(-mercatorLatitudeLimit, bottomRight.latitude);
     const double highest = std::min(mercatorLatitudeLimit, topLeft.latitude);
@@ -68,7 +69,8 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
         painter.drawLine(QPointF(world.left(), y), QPointF(world.right(), y));
         painter.setPen(labelColor);
         painter.drawText(QPointF(std::max(0.0, world.left()) + 3, y + 12),
-                         degreeLabel(latitude, "N", "S"));
+                         degreeLabel(latitude, QT_TRANSLATE_NOOP("trackloom", "N"),
+                                     QT_TRANSLATE_NOOP("trackloom", "S")));
     }
     painter.restore();
 }

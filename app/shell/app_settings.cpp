@@ -12,6 +12,7 @@ const QString tileKey = QStringLiteral("map/tileURLTemplate");
 const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 const QString folderKey = QStringLiteral("dialogs/lastFolder");
+const QString languageKey = QStringLiteral("interface/language");
 
 } // namespace
 
@@ -61,6 +62,31 @@ QByteArray AppSettings::windowState() const {
 void AppSettings::setWindowLayout(const QByteArray& geometry, const QByteArray& state) {
     m_store.setValue(geometryKey, geometry);
     m_store.setValue(stateKey, state);
+}
+
+AppSettings::Language AppSettings::language() const {
+    const QString stored = m_store.value(languageKey).toString();
+    if (stored == QLatin1String("de")) {
+        return Language::german;
+    }
+    if (stored == QLatin1String("en")) {
+        return Language::english;
+    }
+    return Language::automatic;
+}
+
+void AppSettings::setLanguage(Language language) {
+    switch (language) {
+    case Language::german:
+        m_store.setValue(languageKey, QStringLiteral("de"));
+        break;
+    case Language::english:
+        m_store.setValue(languageKey, QStringLiteral("en"));
+        break;
+    case Language::automatic:
+        m_store.remove(languageKey);
+        break;
+    }
 }
 
 QString AppSettings::lastFolder() const {

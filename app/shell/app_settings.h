@@ -13,6 +13,9 @@ namespace trackloom {
 
 class AppSettings {
   public:
+    /// The interface language; the automatic choice follows the system locale.
+    enum class Language { automatic, german, english };
+
     /// The standard OpenStreetMap tiles.
     static QString defaultTileURLTemplate();
     /// Why `urlTemplate` cannot serve tiles, or nothing when it can (an empty
@@ -32,6 +35,10 @@ class AppSettings {
     QByteArray windowGeometry() const;
     QByteArray windowState() const;
     void setWindowLayout(const QByteArray& geometry, const QByteArray& state);
+
+    /// The language chosen in the settings; it takes effect at the next start.
+    Language language() const;
+    void setLanguage(Language language);
 
     /// The folder the open and save dialogs start in.
     QString lastFolder() const;

@@ -8,10 +8,6 @@
 namespace trackloom {
 namespace {
 
-QString tr(const char* text) {
-    return QCoreApplication::translate("trackloom", text);
-}
-
 // Day starts are computed Monday-first; the weekday only matters for the grid.
 ZonedCalendar calendarIn(const date::time_zone& zone) {
     return TrackCalendar::calendar(zone, ZonedCalendar::monday);

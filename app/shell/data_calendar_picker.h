@@ -8,6 +8,7 @@
 
 #include "core/base/instant.h"
 
+#include <QCoreApplication>
 #include <QLocale>
 #include <QString>
 #include <QStringList>
@@ -35,6 +36,8 @@ struct CalendarCell {
 };
 
 class DataCalendarPicker {
+    Q_DECLARE_TR_FUNCTIONS(trackloom::DataCalendarPicker)
+
   public:
     using Choose = std::function<void(Instant first, Instant last)>;
     using Cancel = std::function<void()>;

@@ -9,7 +9,7 @@ namespace trackloom {
 namespace {
 
 QString tr(const char* text) {
-    return QCoreApplication::translate("trackloom::NumberTexts", text);
+    return QCoreApplication::translate("trackloom", text);
 }
 
 QString integerText(long long value) {

@@ -3,6 +3,7 @@
 #include "app/map/tile_source.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
 #include <QLabel>
@@ -27,6 +28,16 @@ SettingsDialog::SettingsDialog(AppSettings& settings, TileSource& tiles, QWidget
             [this] { m_template->setText(AppSettings::defaultTileURLTemplate()); });
     auto* clearCache = new QPushButton(tr("Zwischenspeicher leeren"));
     connect(clearCache, &QPushButton::clicked, this, [this] { m_tiles.clearDiskCache(); });
+    m_language = new QComboBox;
+    // Language names stay in their own language, so that anyone finds theirs.
+    m_language->addItem(tr("Automatisch (Systemsprache)"),
+                        static_cast<int>(AppSettings::Language::automatic));
+    m_language->addItem(QStringLiteral("Deutsch"), static_cast<int>(AppSettings::Language::german));
+    m_language->addItem(QStringLiteral("English"),
+                        static_cast<int>(AppSettings::Language::english));
+    m_language->setCurrentIndex(m_language->findData(static_cast<int>(m_settings.language())));
+    auto* languageNote = new QLabel(tr("Die Sprache wird beim nächsten Start übernommen."));
+    languageNote->setWordWrap(true);
     m_error = new QLabel;
     m_error->setStyleSheet(QStringLiteral("color: #b00020"));
     m_error->setWordWrap(true);
@@ -36,6 +47,8 @@ SettingsDialog::SettingsDialog(AppSettings& settings, TileSource& tiles, QWidget
     form->addRow(QString(), reset);
     form->addRow(QString(), m_offline);
     form->addRow(tr("Kartenkacheln"), clearCache);
+    form->addRow(tr("Sprache"), m_language);
+    form->addRow(QString(), languageNote);
     auto* note = new QLabel(tr("Kartenmaterial kommt von OpenStreetMap. Verläufe und Tracks "
                                "bleiben auf diesem Rechner."));
     note->setWordWrap(true);
@@ -60,6 +73,7 @@ void SettingsDialog::accept() {
         return;
     }
     m_settings.setTileURLTemplate(chosen);
+    m_settings.setLanguage(static_cast<AppSettings::Language>(m_language->currentData().toInt()));
     m_tiles.setUrlTemplate(chosen);
     QDialog::accept();
 }

@@ -1,13 +1,14 @@
 #pragma once
 
-// Settings panel: where map tiles come from (an empty address works offline)
-// and their cache.
+// Settings panel: where map tiles come from (an empty address works offline),
+// their cache, and the interface language for the next start.
 
 #include "app/shell/app_settings.h"
 
 #include <QDialog>
 
 class QCheckBox;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 
@@ -30,6 +31,7 @@ class SettingsDialog : public QDialog {
     TileSource& m_tiles;
     QLineEdit* m_template = nullptr;
     QCheckBox* m_offline = nullptr;
+    QComboBox* m_language = nullptr;
     QLabel* m_error = nullptr;
 };
 

@@ -3,14 +3,12 @@
 #include "core/base/localization.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QLibraryInfo>
 #include <QTranslator>
 
 namespace trackloom {
 namespace {
-
-// The context the core's messages are translated in.
-constexpr const char* coreContext = "trackloom";
 
 bool load(QCoreApplication& application, const QString& name, const QString& folder) {
     auto* translator = new QTranslator(&application);
@@ -24,22 +22,51 @@ bool load(QCoreApplication& application, const QString& name, const QString& fol
 
 } // namespace
 
-void installTranslations(QCoreApplication& application, const QLocale& system) {
-    const QString translations = QCoreApplication::applicationDirPath() + "/translations";
-    QLocale::Language language = QLocale::German;
-    if (system.language() != QLocale::German &&
-        load(application, "trackloom_" + QLocale::languageToCode(system.language()),
-             translations)) {
-        language = system.language();
+QStringList translationFolders() {
+    const QDir program(QCoreApplication::applicationDirPath());
+    return {program.filePath(QStringLiteral("translations")),
+            QDir::cleanPath(program.filePath(QStringLiteral("../share/trackloom/translations")))};
+}
+
+QLocale interfaceLocale(AppSettings::Language choice, const QLocale& system) {
+    switch (choice) {
+    case AppSettings::Language::german:
+        return QLocale(QLocale::German, system.territory());
+    case AppSettings::Language::english:
+        return QLocale(QLocale::English, system.territory());
+    case AppSettings::Language::automatic:
+        break;
     }
-    const QLocale interface(language, system.territory());
+    return system;
+}
+
+QLocale::Language installTranslations(QCoreApplication& application, const QLocale& wanted,
+                                      const QStringList& folders) {
+    QLocale::Language language = QLocale::German;
+    if (wanted.language() != QLocale::German) {
+        const QString name = "trackloom_" + QLocale::languageToCode(wanted.language());
+        for (const QString& folder : folders) {
+            if (load(application, name, folder)) {
+                language = wanted.language();
+                break;
+            }
+        }
+    }
+    const QLocale interface(language, wanted.territory());
     QLocale::setDefault(interface);
     load(application, "qtbase_" + QLocale::languageToCode(language),
          QLibraryInfo::path(QLibraryInfo::TranslationsPath));
-    setMessageLookup([](std::string_view germanText) {
-        const std::string key(germanText);
-        return QCoreApplication::translate(coreContext, key.c_str()).toStdString();
-    });
+    if (language == QLocale::German) {
+        // The core's texts are German already; no lookup needed.
+        setMessageLookup({});
+    } else {
+        setMessageLookup([](std::string_view germanText) {
+            const std::string key(germanText);
+            const QString text = QCoreApplication::translate(coreTranslationContext, key.c_str());
+            return text.toStdString();
+        });
+    }
+    return language;
 }
 
 } // namespace trackloom
