@@ -89,30 +89,32 @@ std::optional<QString> EditorExports::destination(const QString& title,
 }
 
 void EditorExports::exportTrack() {
-    if (const auto refused = refusal()) {
-        m_model.setError(*refused);
-        return;
-    }
-    if (const auto chosen = destination(tr("Bearbeiteten GPX-Track speichern"),
-                                        editedExportName(m_model.filename()))) {
-        write({EditorExport::Kind::whole, m_model.track(), m_model.timeFields().pendingShift(), 0,
-               *chosen, tr("GPX exportiert: ") + QFileInfo(*chosen).fileName()});
-    }
+    exportWhole(false);
 }
 
 void EditorExports::exportSingleTrack() {
+    exportWhole(true);
+}
+
+void EditorExports::exportWhole(bool asSingleTrack) {
     if (const auto refused = refusal()) {
         m_model.setError(*refused);
         return;
     }
-    if (const auto chosen = destination(tr("Als ein Track exportieren"),
-                                        singleTrackExportName(m_model.filename()))) {
-        write({EditorExport::Kind::singleTrack, m_model.track(),
-               m_model.timeFields().pendingShift(), 0, *chosen,
-               tr("Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route aus GPX "
-                  "importieren. (") +
-                   QFileInfo(*chosen).fileName() + QStringLiteral(")")});
+    const auto chosen = asSingleTrack ? destination(tr("Als ein Track exportieren"),
+                                                    singleTrackExportName(m_model.filename()))
+                                      : destination(tr("Bearbeiteten GPX-Track speichern"),
+                                                    editedExportName(m_model.filename()));
+    if (!chosen) {
+        return;
     }
+    const QString file = QFileInfo(*chosen).fileName();
+    write({asSingleTrack ? EditorExport::Kind::singleTrack : EditorExport::Kind::whole,
+           m_model.track(), m_model.timeFields().pendingShift(), 0, *chosen,
+           asSingleTrack ? tr("Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
+                              "aus GPX importieren. (") +
+                               file + QStringLiteral(")")
+                         : tr("GPX exportiert: ") + file});
 }
 
 void EditorExports::exportSelectedSegment() {

@@ -35,6 +35,8 @@ class EditorExports : public QObject {
     void exportSelectedSegment();
 
   private:
+    /// The whole track, as it is or as one track of one section.
+    void exportWhole(bool asSingleTrack);
     std::optional<QString> destination(const QString& title, const QString& suggestedName);
     void write(EditorExport plan);
 

@@ -22,8 +22,7 @@ EditorTimeFields::EditorTimeFields(const EditorModel& model, const date::time_zo
     : m_model(model), m_localZone(&localZone), m_utcZone(date::locate_zone("UTC")),
       m_newStart(now()), m_newEnd(m_newStart.advanced(3600)) {}
 
-void EditorTimeFields::set(Instant& field, Instant value) {
-    m_chosen = true;
+template <typename T> void EditorTimeFields::change(T& field, T value) {
     if (value != field) {
         field = value;
         emit changed();
@@ -31,11 +30,13 @@ void EditorTimeFields::set(Instant& field, Instant value) {
 }
 
 void EditorTimeFields::setNewStart(Instant start) {
-    set(m_newStart, start);
+    m_chosen = true;
+    change(m_newStart, start);
 }
 
 void EditorTimeFields::setNewEnd(Instant end) {
-    set(m_newEnd, end);
+    m_chosen = true;
+    change(m_newEnd, end);
 }
 
 void EditorTimeFields::pickStartDay(Instant day) {
@@ -47,31 +48,19 @@ void EditorTimeFields::pickEndDay(Instant day) {
 }
 
 void EditorTimeFields::setUseUTC(bool useUTC) {
-    if (useUTC != m_useUTC) {
-        m_useUTC = useUTC;
-        emit changed();
-    }
+    change(m_useUTC, useUTC);
 }
 
 void EditorTimeFields::setGenerate(bool generate) {
-    if (generate != m_generate) {
-        m_generate = generate;
-        emit changed();
-    }
+    change(m_generate, generate);
 }
 
 void EditorTimeFields::setGenerationMode(GenerationMode mode) {
-    if (mode != m_generationMode) {
-        m_generationMode = mode;
-        emit changed();
-    }
+    change(m_generationMode, mode);
 }
 
 void EditorTimeFields::setSyntheticSpeed(double kmh) {
-    if (kmh != m_syntheticSpeed) {
-        m_syntheticSpeed = kmh;
-        emit changed();
-    }
+    change(m_syntheticSpeed, kmh);
 }
 
 std::optional<QString> EditorTimeFields::generationError() const {

@@ -69,7 +69,7 @@ class EditorTimeFields : public QObject {
     void changed();
 
   private:
-    void set(Instant& field, Instant value);
+    template <typename T> void change(T& field, T value);
 
     const EditorModel& m_model;
     const date::time_zone* m_localZone;
