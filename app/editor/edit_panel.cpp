@@ -73,7 +73,7 @@ EditPanel::EditPanel(EditorModel& model, EditorCommands& commands, QWidget* pare
     connect(m_secondName, &QLineEdit::textEdited, &model, &EditorModel::setSecondPartName);
     connect(m_colorBySpeed, &QCheckBox::clicked, &model, &EditorModel::setColorBySpeed);
     connect(m_hideAirRoutes, &QCheckBox::clicked, &model, &EditorModel::setAirRouteRemoval);
-    for (auto signal : {&EditorModel::splitNamesChanged, &EditorModel::mapChanged,
+    for (auto signal : {&EditorModel::splitNamesChanged, &EditorModel::coloursChanged,
                         &EditorModel::removeAirRoutesChanged, &EditorModel::trackChanged}) {
         connect(&model, signal, this, &EditPanel::refresh);
     }

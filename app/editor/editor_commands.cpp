@@ -4,14 +4,21 @@
 
 namespace trackloom {
 
+template <typename Receiver>
+QAction* EditorCommands::action(Receiver& receiver, const QString& text, void (Receiver::*run)()) {
+    auto* created = new QAction(text, this);
+    connect(created, &QAction::triggered, &receiver, run);
+    return created;
+}
+
 EditorCommands::EditorCommands(EditorModel& model, QObject* parent)
     : QObject(parent), sample(action(model, tr("Beispieltrack laden"), &EditorModel::demo)),
       append(action(model, tr("Nächsten GPX-Track anhängen …"), &EditorModel::appendTrack)),
-      exportTrack(action(model, tr("GPX exportieren"), &EditorModel::exportTrack)),
-      exportSingleTrack(
-          action(model, tr("Als ein Track exportieren …"), &EditorModel::exportSingleTrack)),
-      exportSection(
-          action(model, tr("Abschnitt exportieren …"), &EditorModel::exportSelectedSegment)),
+      exportTrack(action(model.exports(), tr("GPX exportieren"), &EditorExports::exportTrack)),
+      exportSingleTrack(action(model.exports(), tr("Als ein Track exportieren …"),
+                               &EditorExports::exportSingleTrack)),
+      exportSection(action(model.exports(), tr("Abschnitt exportieren …"),
+                           &EditorExports::exportSelectedSegment)),
       split(action(model, tr("Am gewählten Punkt teilen"), &EditorModel::splitSelected)),
       trimBefore(action(model, tr("Alle Punkte vor dem gewählten entfernen"),
                         &EditorModel::trimBeforeSelected)),
@@ -36,17 +43,10 @@ EditorCommands::EditorCommands(EditorModel& model, QObject* parent)
     hideAirRoutes->setToolTip(tr("Die Einstellung wird für weitere Importe gemerkt."));
 
     for (auto signal : {&EditorModel::trackChanged, &EditorModel::selectionChanged,
-                        &EditorModel::mapChanged, &EditorModel::removeAirRoutesChanged}) {
+                        &EditorModel::coloursChanged, &EditorModel::removeAirRoutesChanged}) {
         connect(&model, signal, this, &EditorCommands::update);
     }
     update();
-}
-
-QAction* EditorCommands::action(EditorModel& model, const QString& text,
-                                void (EditorModel::*run)()) {
-    auto* created = new QAction(text, this);
-    connect(created, &QAction::triggered, &model, run);
-    return created;
 }
 
 std::vector<WorkspaceCommand> EditorCommands::menuCommands() const {

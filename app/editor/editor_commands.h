@@ -36,8 +36,9 @@ class EditorCommands : public QObject {
     QAction* const fitTrack;
 
   private:
-    // Takes the model as an argument: the actions are made before `m_model` is set.
-    QAction* action(EditorModel& model, const QString& text, void (EditorModel::*run)());
+    // Takes the receiver as an argument: the actions are made before `m_model` is set.
+    template <typename Receiver>
+    QAction* action(Receiver& receiver, const QString& text, void (Receiver::*run)());
     void update();
 
     EditorModel& m_model;

@@ -1,6 +1,6 @@
-// Everything that changes the session: edits, undo and redo, generated times,
-// hiding air routes and the map tools. Each runs on the thread pool with the
-// session lent to it, and comes back with a status text or the refusal.
+// Everything that changes the session: edits, undo and redo, generated times
+// and hiding air routes. Each runs on the model's job runner with the session
+// lent to it, and comes back with a status text or the refusal.
 
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
@@ -18,55 +18,45 @@ bool EditorModel::requireEditable() {
 }
 
 void EditorModel::runOnSession(SessionWork work, SessionEffects effects) {
-    SessionPtr session = std::move(m_session);
-    const auto epoch = m_sessionEpoch;
+    m_lentSession = std::move(m_session);
     emit trackChanged();
-    inBackground([=, this]() -> Publish {
-        try {
-            QString status = work(*session);
-            return [=, this] {
-                if (epoch == m_sessionEpoch) {
-                    finishSessionWork(session, effects, status);
-                } else {
-                    retire(session);
-                }
-            };
-        } catch (const GPXError& error) {
-            return [=, this, message = QString::fromStdString(error.message())] {
-                if (epoch == m_sessionEpoch) {
-                    finishSessionWork(session, effects, std::nullopt, message);
-                } else {
-                    retire(session);
-                }
-            };
-        }
-    });
+    m_jobs.start<QString>(
+        editLane,
+        [work = std::move(work), session = m_lentSession](const JobContext&) {
+            return work(*session);
+        },
+        [this, effects](QString status) { finishSessionWork(effects, status); },
+        [this, effects](const QString& failure) { failSessionWork(effects, failure); });
 }
 
-void EditorModel::finishSessionWork(SessionPtr session, const SessionEffects& effects,
-                                    const std::optional<QString>& status,
-                                    const std::optional<QString>& failure) {
-    m_session = std::move(session);
-    if (failure) {
-        setError(*failure);
-        if (effects.failureStatus) {
-            setStatus(*effects.failureStatus);
-        }
-        emit trackChanged();
-        return;
+void EditorModel::failSessionWork(const SessionEffects& effects, const QString& failure) {
+    // The session operations change nothing when they refuse, so the lent
+    // session comes back as it was (unless showing the result failed after
+    // it had come back).
+    if (m_lentSession) {
+        m_session = std::move(m_lentSession);
     }
-    retire(std::move(m_track));
+    setError(failure);
+    if (effects.failureStatus) {
+        setStatus(*effects.failureStatus);
+    }
+    emit trackChanged();
+}
+
+void EditorModel::finishSessionWork(const SessionEffects& effects, const QString& status) {
+    m_session = std::move(m_lentSession);
+    m_jobs.retire(std::move(m_track));
     m_track = m_session->track();
     if (effects.succeeded) {
-        effects.succeeded(*status);
+        effects.succeeded(status);
     }
     if (effects.structural) {
         setStructuralDirty(true);
     }
     clearError();
-    followTrackTimes();
+    m_timeFields.follow(*m_track, false);
     refreshMap(false, effects.keeping);
-    setStatus(*status);
+    setStatus(status);
     emit trackChanged();
 }
 
@@ -129,7 +119,7 @@ void EditorModel::mergeSegments() {
         std::move(effects));
 }
 
-void EditorModel::undoSplit() {
+void EditorModel::undo() {
     if (!canUndo()) {
         return;
     }
@@ -144,7 +134,7 @@ void EditorModel::undoSplit() {
         std::move(effects));
 }
 
-void EditorModel::redoSplit() {
+void EditorModel::redo() {
     if (!canRedo()) {
         return;
     }
@@ -160,7 +150,7 @@ void EditorModel::redoSplit() {
 }
 
 void EditorModel::previewGenerated() {
-    if (const auto refusal = generationError()) {
+    if (const auto refusal = m_timeFields.generationError()) {
         setError(*refusal);
         return;
     }
@@ -169,10 +159,10 @@ void EditorModel::previewGenerated() {
     }
     SessionEffects effects;
     effects.keeping = m_selectedPointID;
-    const Instant start = m_newStart;
-    if (m_generationMode == GenerationMode::speed) {
+    const Instant start = m_timeFields.newStart();
+    if (m_timeFields.generationMode() == GenerationMode::speed) {
         runOnSession(
-            [start, kmh = m_syntheticSpeed](GPXEditingSession& session) {
+            [start, kmh = m_timeFields.syntheticSpeed()](GPXEditingSession& session) {
                 session.generate(start, kmh);
                 return tr("Zeitstempel mit ") + shortDecimalText(kmh, 2) +
                        tr(" km/h erzeugt. Bereit zum Export.");
@@ -181,7 +171,7 @@ void EditorModel::previewGenerated() {
         return;
     }
     runOnSession(
-        [start, end = m_newEnd](GPXEditingSession& session) {
+        [start, end = m_timeFields.newEnd()](GPXEditingSession& session) {
             session.generate(start, end);
             const auto average = session.track()->analysis().averageSpeed().value_or(0);
             return tr("Start und Ende übernommen · Ø ") + decimalText(average, 1) +
@@ -217,79 +207,6 @@ void EditorModel::setAirRouteRemoval(bool remove) {
         [remove, done](GPXEditingSession& session) {
             session.setRemovesAirRoutes(remove);
             return done;
-        },
-        std::move(effects));
-}
-
-void EditorModel::mapClicked(std::optional<std::int64_t> hit, Coordinate where) {
-    if (m_mapTool != MapTool::insert) {
-        selectPoint(hit);
-        return;
-    }
-    if (!m_insertAnchor) {
-        setStatus(tr("Zum Einfügen auf die Linie klicken, hinter dem Punkt, nach dem die neuen "
-                     "Punkte folgen sollen."));
-        return;
-    }
-    auto points = m_pendingPoints;
-    points.push_back(where);
-    setPending(std::move(points), m_insertAnchor);
-}
-
-void EditorModel::insertOnLine(std::int64_t legStart, Coordinate where) {
-    if (m_mapTool != MapTool::insert || m_insertAnchor || !requireEditable()) {
-        mapClicked(std::nullopt, where);
-        return;
-    }
-    if (!m_session->canInsertAfterDisplayed(legStart)) {
-        setError(tr("Wähle einen Punkt, auf den im selben Abschnitt noch ein Punkt folgt. Am Ende "
-                    "eines Abschnitts lässt sich nichts einfügen; verbinde vorher die "
-                    "Abschnitte."));
-        return;
-    }
-    selectPoint(legStart);
-    setPending({where}, legStart);
-}
-
-void EditorModel::startInserting() {
-    setMapTool(MapTool::insert);
-    const bool anchored =
-        m_session && m_selectedPointID && m_session->canInsertAfterDisplayed(*m_selectedPointID);
-    setPending({}, anchored ? m_selectedPointID : std::nullopt);
-    setStatus(anchored ? tr("Neue Punkte auf die Karte klicken, dann „Fertig“ wählen.")
-                       : tr("Zum Einfügen auf die Linie klicken."));
-}
-
-void EditorModel::cancelInserting() {
-    setPending({}, std::nullopt);
-}
-
-void EditorModel::finishInserting() {
-    if (!requireEditable()) {
-        return;
-    }
-    if (m_pendingPoints.empty() || !m_insertAnchor) {
-        setError(tr("Es wurden keine Punkte gesetzt."));
-        return;
-    }
-    const auto anchor = *m_insertAnchor;
-    const auto points = m_pendingPoints;
-    SessionEffects effects;
-    effects.structural = true;
-    effects.keeping = anchor + static_cast<std::int64_t>(points.size());
-    effects.succeeded = [this](const QString&) { setPending({}, std::nullopt); };
-    runOnSession(
-        [anchor, points](GPXEditingSession& session) {
-            session.insert(points, anchor);
-            const auto& shown = session.track()->points();
-            const auto first = static_cast<std::size_t>(anchor + 1);
-            for (std::size_t i = first; i < first + points.size() && i < shown.size(); ++i) {
-                if (!shown[i].time) {
-                    return tr("Punkt(e) eingefügt, ohne Zeit: Ein Nachbarpunkt hat keine "
-                              "Zeitangabe.");
-                }
-            }
-            return tr("Punkt(e) eingefügt.");
         },
         std::move(effects));
 }

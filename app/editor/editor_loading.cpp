@@ -82,37 +82,30 @@ void EditorModel::acceptTimelineDay(std::string gpxData, const QString& title,
 
 void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                             std::function<QString(const GPXTrack&)> successStatus) {
-    const auto generation = ++m_loadGeneration;
     const bool removesAirRoutes = m_removeAirRoutes;
     setStatus(tr("Track wird eingelesen …"));
-    inBackground([=, this]() -> Publish {
-        try {
-            auto session = std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
-            return [=, this] {
-                if (generation != m_loadGeneration) {
-                    retire(session);
-                    return;
-                }
-                adopt();
-                showNewSession(session);
-                setStatus(successStatus(*session->track()));
-            };
-        } catch (const GPXError& error) {
-            return [=, this, message = QString::fromStdString(error.message())] {
-                if (generation == m_loadGeneration) {
-                    fail(message, tr("Import fehlgeschlagen."));
-                }
-            };
-        }
-    });
+    m_jobs.start<SessionPtr>(
+        loadLane,
+        [read = std::move(read), removesAirRoutes](const JobContext&) {
+            return std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
+        },
+        [this, adopt = std::move(adopt),
+         successStatus = std::move(successStatus)](SessionPtr session) {
+            adopt();
+            showNewSession(std::move(session));
+            setStatus(successStatus(*m_track));
+        },
+        [this](const QString& failure) { fail(failure, tr("Import fehlgeschlagen.")); });
 }
 
 void EditorModel::showNewSession(SessionPtr session) {
-    retire(std::move(m_session));
-    retire(std::move(m_track));
-    retire(std::move(m_lastExportedSource));
+    // An edit of the replaced session is dropped, whenever it ends.
+    m_jobs.cancel(editLane);
+    m_jobs.retire(std::move(m_lentSession));
+    m_jobs.retire(std::move(m_session));
+    m_jobs.retire(std::move(m_track));
+    m_jobs.retire(std::move(m_lastExportedSource));
     m_session = std::move(session);
-    ++m_sessionEpoch;
     m_track = m_session->track();
     if (m_removeAirRoutes != m_session->removesAirRoutes()) {
         // The choice changed while the file was read; the session shows what it was read with.
@@ -121,10 +114,8 @@ void EditorModel::showNewSession(SessionPtr session) {
     }
     m_appendSummary.clear();
     setStructuralDirty(false);
-    setMapTool(MapTool::select);
-    setPending({}, std::nullopt);
-    m_timeFieldsChosen = false;
-    followTrackTimes();
+    m_mapTool.reset();
+    m_timeFields.follow(*m_track, true);
     clearError();
     refreshMap(true, std::nullopt);
     emit trackChanged();

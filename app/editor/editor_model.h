@@ -4,12 +4,22 @@
 // file and publishes everything the editor's screens show; every user action
 // becomes one session operation followed by a status text.
 //
-// Threads: reading, editing, appending and writing run on the thread pool, so
-// that a 50 MB track never freezes the window. While an operation runs, the
-// session is handed to it and nothing else touches it; the result comes back
-// to the main thread, where all state changes. A newer load wins over an older
-// one, and an edit whose session was replaced meanwhile is dropped.
+// Three collaborators, owned by the model and living as long as it does, keep
+// what is not the track itself: the time fields (`EditorTimeFields`), the map
+// tool with its pending points (`EditorMapTool`) and the exports
+// (`EditorExports`). They read the model's state, and report and run their
+// session work through it.
+//
+// Threads: reading, editing, appending and writing run on the model's
+// `JobRunner`, so that a 50 MB track never freezes the window. While an edit
+// runs, the session is lent to it and nothing else touches it; the result comes
+// back to the main thread, where all state changes. A newer load wins over an
+// older one, and an edit whose session was replaced meanwhile is dropped.
 
+#include "app/editor/editor_exports.h"
+#include "app/editor/editor_map_tool.h"
+#include "app/editor/editor_time_fields.h"
+#include "app/shell/job_runner.h"
 #include "app/shell/user_dialogs.h"
 #include "core/editing/editing_session.h"
 #include "core/track/gpx_track.h"
@@ -17,23 +27,14 @@
 #include <QObject>
 #include <QSettings>
 #include <QStringList>
-#include <QThreadPool>
 #include <date/tz.h>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
 namespace trackloom {
-
-struct EditorExport;
-
-/// What a click on the map does.
-enum class MapTool { select, move, insert };
-/// How generated times are spread.
-enum class GenerationMode { speed, startAndEnd };
 
 /// A displayed point as the map draws it.
 struct EditorMapPoint {
@@ -53,7 +54,7 @@ class EditorModel : public QObject {
     Q_PROPERTY(QString status READ status NOTIFY statusChanged)
     Q_PROPERTY(bool busy READ busy NOTIFY busyChanged)
     Q_PROPERTY(bool structuralDirty READ structuralDirty NOTIFY dirtyChanged)
-    Q_PROPERTY(bool colorBySpeed READ colorBySpeed WRITE setColorBySpeed NOTIFY mapChanged)
+    Q_PROPERTY(bool colorBySpeed READ colorBySpeed WRITE setColorBySpeed NOTIFY coloursChanged)
     Q_PROPERTY(bool removeAirRoutes READ removeAirRoutes WRITE setAirRouteRemoval NOTIFY
                    removeAirRoutesChanged)
     Q_PROPERTY(double threshold READ threshold WRITE setThreshold NOTIFY thresholdChanged)
@@ -63,8 +64,14 @@ class EditorModel : public QObject {
     /// zone times are shown in unless UTC is chosen.
     EditorModel(QSettings& settings, UserDialogs& dialogs, const date::time_zone& localZone,
                 QObject* parent = nullptr);
-    /// Waits for background work to end; its results are dropped.
+    /// Cancels background work and waits for it; its results are dropped.
     ~EditorModel() override;
+
+    EditorTimeFields& timeFields() { return m_timeFields; }
+    const EditorTimeFields& timeFields() const { return m_timeFields; }
+    EditorMapTool& mapTool() { return m_mapTool; }
+    const EditorMapTool& mapTool() const { return m_mapTool; }
+    EditorExports& exports() { return m_exports; }
 
     // The observable fields.
     const TrackPtr& track() const { return m_track; }
@@ -84,19 +91,10 @@ class EditorModel : public QObject {
     /// Shared, so that the map can prepare its lines from it on another thread.
     const std::shared_ptr<const SpeedValues>& speedScale() const { return m_speedScale; }
     double speedScaleTop() const { return m_speedScaleTop; }
-    MapTool mapTool() const { return m_mapTool; }
-    const std::vector<Coordinate>& pendingPoints() const { return m_pendingPoints; }
-    std::optional<std::int64_t> insertAnchor() const { return m_insertAnchor; }
     const std::optional<QString>& sourceURL() const { return m_sourceURL; }
     const std::optional<QString>& protectedTimelineURL() const { return m_protectedTimelineURL; }
-    Instant newStart() const { return m_newStart; }
-    Instant newEnd() const { return m_newEnd; }
-    bool useUTC() const { return m_useUTC; }
-    bool generate() const { return m_generate; }
-    GenerationMode generationMode() const { return m_generationMode; }
-    double syntheticSpeed() const { return m_syntheticSpeed; }
     double threshold() const { return m_threshold; }
-    bool busy() const { return m_runningJobs > 0; }
+    bool busy() const { return m_jobs.isBusy(); }
     const std::optional<QString>& error() const { return m_error; }
     const QString& status() const { return m_status; }
     bool isSynthetic() const { return m_isSynthetic; }
@@ -116,17 +114,6 @@ class EditorModel : public QObject {
     bool canMerge() const;
     /// The selected point may be edited (it is no point of a shown air route).
     bool canEditSelected() const;
-    /// Why the time fields cannot generate times, or nothing when they can.
-    std::optional<QString> generationError() const;
-    /// The speed that start and end imply, when they are usable.
-    std::optional<double> impliedSpeed() const;
-    /// The display shows what the time fields ask for; shifting is applied
-    /// while exporting and always counts as applied.
-    bool timeFieldsApplied() const;
-    /// The zone times are shown and entered in: UTC or the local zone.
-    const date::time_zone& zone() const;
-    /// Points per day of the track in `zone()`, for the date picker.
-    std::map<Instant, std::int64_t> calendarCounts() const;
 
     // Opening.
     /// Asks before unexported edits are replaced; true when they may be.
@@ -144,16 +131,6 @@ class EditorModel : public QObject {
     /// Asks for a second GPX file and appends it (one undo step).
     void appendTrack();
 
-    // Times.
-    void setNewStart(Instant start);
-    void setNewEnd(Instant end);
-    /// Moves the start (or end) to the calendar day of `day`, keeping its time of day.
-    void pickStartDay(Instant day);
-    void pickEndDay(Instant day);
-    void setUseUTC(bool useUTC);
-    void setGenerate(bool generate);
-    void setGenerationMode(GenerationMode mode);
-    void setSyntheticSpeed(double kmh);
     /// Generates the display's times from the time fields (not an undo step).
     void previewGenerated();
 
@@ -167,7 +144,6 @@ class EditorModel : public QObject {
     void selectPoint(std::optional<std::int64_t> displayed);
     /// Asks the map to show the whole track again.
     void fitMap();
-    void setMapTool(MapTool tool);
     void clearError();
 
     // Edits, each one undo step, addressed by the selected displayed point.
@@ -178,28 +154,11 @@ class EditorModel : public QObject {
     void trimAfterSelected();
     void deleteSelected();
     void mergeSegments();
-    void undoSplit();
-    void redoSplit();
-
-    // The map tools.
-    /// A click on the map outside the line: selects in the select and move
-    /// tools (`hit` is the displayed point under the pointer), adds a pending
-    /// point while inserting.
-    void mapClicked(std::optional<std::int64_t> hit, Coordinate where);
-    /// A click on the leg that starts at displayed point `legStart` while inserting.
-    void insertOnLine(std::int64_t legStart, Coordinate where);
     /// A point was dragged to `to`.
     void dragPoint(std::int64_t displayed, Coordinate to);
-    /// Switches to inserting, after the selected point when it takes new points.
-    void startInserting();
-    /// Inserts the pending points after the anchor.
-    void finishInserting();
-    void cancelInserting();
-
-    // Exports; none of them ever writes over an opened file.
-    void exportTrack();
-    void exportSingleTrack();
-    void exportSelectedSegment();
+    /// Undoes or redoes the last edit of any kind.
+    void undo();
+    void redo();
 
   signals:
     void trackChanged();
@@ -209,22 +168,26 @@ class EditorModel : public QObject {
     void busyChanged(bool busy);
     void dirtyChanged();
     void selectionChanged();
-    /// Map points, revision, fit request or colours changed.
-    void mapChanged();
-    void mapToolChanged();
-    void pendingPointsChanged();
-    void timeFieldsChanged();
+    /// The map points and their revision changed.
+    void mapPointsChanged();
+    /// The map should show the whole track (`mapFitRequest` was bumped).
+    void fitRequested();
+    /// Colouring by speed was switched, or its scale recomputed.
+    void coloursChanged();
     void thresholdChanged();
     void removeAirRoutesChanged();
     void splitNamesChanged();
 
   private:
+    friend class EditorExports;
+    friend class EditorMapTool;
+
     using SessionPtr = std::shared_ptr<GPXEditingSession>;
     /// Runs on the thread pool with the lent session; returns the status text
     /// or throws `GPXError`.
     using SessionWork = std::function<QString(GPXEditingSession&)>;
-    /// What a background job hands back to the main thread.
-    using Publish = std::function<void()>;
+
+    enum Lane : JobRunner::Lane { loadLane, editLane, writeLane };
 
     /// How the model follows up a session operation.
     struct SessionEffects {
@@ -237,39 +200,30 @@ class EditorModel : public QObject {
         std::function<void(const QString&)> succeeded;
     };
 
-    void inBackground(std::function<Publish()> work);
-    /// Keeps a replaced track or session until every screen has let go of it,
-    /// then frees it on the thread pool: freeing a 50 MB document takes long.
-    void retire(std::shared_ptr<const void> old);
-    void releaseRetired();
     void startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                    std::function<QString(const GPXTrack&)> successStatus);
     void showNewSession(SessionPtr session);
     bool requireEditable();
     void runOnSession(SessionWork work, SessionEffects effects);
-    void finishSessionWork(SessionPtr session, const SessionEffects& effects,
-                           const std::optional<QString>& status,
-                           const std::optional<QString>& failure = std::nullopt);
+    void finishSessionWork(const SessionEffects& effects, const QString& status);
+    void failSessionWork(const SessionEffects& effects, const QString& failure);
     void editSelected(std::function<void(GPXEditingSession&, std::int64_t)> edit,
                       const QString& done, std::optional<std::int64_t> keeping);
     void refreshMap(bool fit, std::optional<std::int64_t> keeping);
-    void followTrackTimes();
+    void computeSpeedScale();
     void setStatus(const QString& status);
     void setError(const QString& error);
     void fail(const QString& error, const QString& status);
     void setStructuralDirty(bool dirty);
-    void setPending(std::vector<Coordinate> points, std::optional<std::int64_t> anchor);
     void protectFile(const QString& path);
-
-    std::optional<QString> exportRefusal() const;
-    std::optional<Instant> pendingShift() const;
-    std::optional<QString> protectionError(const QString& destination) const;
-    void writeExport(EditorExport plan);
+    /// Every file no export may write over: the opened and appended files and
+    /// the timeline a day came from.
+    QStringList protectedPaths() const;
+    /// The whole track, as the session's `saved` source, was written.
+    void markExported(TrackPtr saved);
 
     QSettings& m_settings;
     UserDialogs& m_dialogs;
-    const date::time_zone* m_localZone;
-    const date::time_zone* m_utcZone;
 
     TrackPtr m_track;
     QString m_filename;
@@ -286,34 +240,24 @@ class EditorModel : public QObject {
     bool m_colorBySpeed = false;
     std::shared_ptr<const SpeedValues> m_speedScale;
     double m_speedScaleTop = 0;
-    MapTool m_mapTool = MapTool::select;
-    std::vector<Coordinate> m_pendingPoints;
-    std::optional<std::int64_t> m_insertAnchor;
     std::optional<QString> m_sourceURL;
     std::optional<QString> m_protectedTimelineURL;
-    Instant m_newStart;
-    Instant m_newEnd;
-    bool m_useUTC = false;
-    bool m_generate = false;
-    GenerationMode m_generationMode = GenerationMode::speed;
-    double m_syntheticSpeed = 20;
     double m_threshold = 80;
     std::optional<QString> m_error;
     QString m_status;
     bool m_isSynthetic = false;
     bool m_removeAirRoutes = true;
     SessionPtr m_session;
+    // The session an edit works on, kept here so that the job never frees it
+    // on the main thread, and handed back when the edit ends either way.
+    SessionPtr m_lentSession;
     bool m_sourceIsSynthetic = false;
 
-    // The time fields follow the track's own times until the user sets one.
-    bool m_timeFieldsChosen = false;
-    int m_runningJobs = 0;
-    // Bumped by every load request; only the newest load's result is shown.
-    std::uint64_t m_loadGeneration = 0;
-    // Bumped whenever another session is shown; edits of an older one are dropped.
-    std::uint64_t m_sessionEpoch = 0;
-    std::vector<std::shared_ptr<const void>> m_retired;
-    QThreadPool m_pool;
+    EditorTimeFields m_timeFields;
+    EditorMapTool m_mapTool;
+    EditorExports m_exports;
+    // Last, so that it is destroyed first: its jobs deliver into the members above.
+    JobRunner m_jobs;
 };
 
 } // namespace trackloom

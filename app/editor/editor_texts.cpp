@@ -1,5 +1,7 @@
 #include "app/editor/editor_texts.h"
 
+#include "app/shell/file_names.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <cmath>
@@ -30,17 +32,6 @@ QString transitionTimeText(const TrackPoint& last, const TrackPoint& first) {
 QString baseName(const QString& filename) {
     const QString base = QFileInfo(filename).completeBaseName().trimmed();
     return base.isEmpty() ? tr("Track") : base;
-}
-
-// Section names are free text; a file name must not contain path separators.
-QString fileNamePart(QString text) {
-    static const QString forbidden = QStringLiteral("/\\:*?\"<>|");
-    for (QChar& c : text) {
-        if (forbidden.contains(c) || c.isNull()) {
-            c = u'-';
-        }
-    }
-    return text.trimmed();
 }
 
 } // namespace

@@ -67,11 +67,11 @@ bool EditorWorkspace::canRedo() const {
 }
 
 void EditorWorkspace::undo() {
-    m_model.undoSplit();
+    m_model.undo();
 }
 
 void EditorWorkspace::redo() {
-    m_model.redoSplit();
+    m_model.redo();
 }
 
 std::optional<UnsavedWork> EditorWorkspace::unsavedWork() const {

@@ -6,18 +6,18 @@
 #include "app/map/points_overlay.h"
 #include "app/map/polyline_overlay.h"
 
-#include <QFutureWatcher>
 #include <QHBoxLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QtConcurrent/QtConcurrentRun>
 
 namespace trackloom {
 namespace {
 
 // One line per section; a leg gets the colour of its speed, grey without one.
+// Stops early when a newer state of the track replaced this one.
 MapEditor::Overlays overlaysOf(const std::vector<EditorMapPoint>& points,
-                               const std::shared_ptr<const SpeedValues>& scale) {
+                               const std::shared_ptr<const SpeedValues>& scale,
+                               const JobContext* job = nullptr) {
     std::vector<MapPolyline> track;
     std::vector<MapPolyline> airRoutes;
     MapEditor::Overlays overlays{std::make_shared<PolylineOverlay>(),
@@ -27,6 +27,9 @@ MapEditor::Overlays overlaysOf(const std::vector<EditorMapPoint>& points,
     std::vector<Coordinate> coordinates;
     coordinates.reserve(points.size());
     for (std::size_t i = 0; i < points.size(); ++i) {
+        if (job && i % 65536 == 0) {
+            job->throwIfCancelled();
+        }
         const bool starts = i == 0 || points[i].segment != points[i - 1].segment;
         if (starts && points[i].airRoute) {
             airRoutes.emplace_back();
@@ -65,7 +68,6 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
       m_overlays(overlaysOf({}, nullptr)),
       m_selection(std::make_shared<PointsOverlay>(MarkerStyle::selection())),
       m_pending(std::make_shared<PointsOverlay>(MarkerStyle::pending())) {
-    m_pool.setMaxThreadCount(1);
     auto* tools = new QHBoxLayout;
     tools->addWidget(toolButton(tr("Auswählen"), tr("Einen Punkt anklicken, um ihn zu wählen."),
                                 int(MapTool::select)));
@@ -78,8 +80,8 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     m_finish->setText(tr("Fertig"));
     m_cancel = new QToolButton;
     m_cancel->setText(tr("Abbrechen"));
-    connect(m_finish, &QToolButton::clicked, &model, &EditorModel::finishInserting);
-    connect(m_cancel, &QToolButton::clicked, &model, &EditorModel::cancelInserting);
+    connect(m_finish, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::finishInserting);
+    connect(m_cancel, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::cancelInserting);
     tools->addWidget(m_finish);
     tools->addWidget(m_cancel);
     tools->addStretch();
@@ -90,10 +92,13 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     layout->addLayout(tools);
     layout->addWidget(m_map, 1);
 
-    connect(&model, &EditorModel::mapChanged, this, &MapEditor::showTrack);
+    for (auto signal : {&EditorModel::mapPointsChanged, &EditorModel::coloursChanged}) {
+        connect(&model, signal, this, &MapEditor::showTrack);
+    }
+    connect(&model, &EditorModel::fitRequested, this, &MapEditor::fit);
     connect(&model, &EditorModel::selectionChanged, this, &MapEditor::showSelection);
-    connect(&model, &EditorModel::pendingPointsChanged, this, &MapEditor::showPending);
-    connect(&model, &EditorModel::mapToolChanged, this, &MapEditor::applyTool);
+    connect(&model.mapTool(), &EditorMapTool::pendingPointsChanged, this, &MapEditor::showPending);
+    connect(&model.mapTool(), &EditorMapTool::toolChanged, this, &MapEditor::applyTool);
     // A refused move leaves the dragged point where the track still has it.
     connect(&model, &EditorModel::errorChanged, this, [this] {
         m_overlays.points->setPoints(coordinatesOf(m_model));
@@ -101,10 +106,7 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     });
     arrangeOverlays();
     showTrack();
-}
-
-MapEditor::~MapEditor() {
-    m_pool.waitForDone();
+    fit();
 }
 
 QToolButton* MapEditor::toolButton(const QString& text, const QString& help, int tool) {
@@ -114,7 +116,7 @@ QToolButton* MapEditor::toolButton(const QString& text, const QString& help, int
     button->setCheckable(true);
     button->setAutoExclusive(true);
     connect(button, &QToolButton::clicked, this,
-            [this, tool] { m_model.setMapTool(static_cast<MapTool>(tool)); });
+            [this, tool] { m_model.mapTool().setTool(static_cast<MapTool>(tool)); });
     m_tools.push_back(button);
     return button;
 }
@@ -123,26 +125,22 @@ void MapEditor::showTrack() {
     if (m_model.mapRevision() != m_shownRevision || m_model.speedScale().get() != m_shownScale) {
         m_shownRevision = m_model.mapRevision();
         m_shownScale = m_model.speedScale().get();
-        const auto request = ++m_requested;
-        auto* watcher = new QFutureWatcher<Overlays>(this);
-        connect(watcher, &QFutureWatcherBase::finished, this, [this, watcher, request] {
-            watcher->deleteLater();
-            if (request == m_requested) {
-                m_installed = request;
-                install(watcher->result());
-            }
-        });
-        watcher->setFuture(QtConcurrent::run(
-            &m_pool, [points = m_model.mapPoints(), scale = m_model.speedScale()] {
-                return overlaysOf(points, scale);
-            }));
+        m_jobs.start<Overlays>(
+            0,
+            [points = m_model.mapPoints(), scale = m_model.speedScale()](const JobContext& job) {
+                return overlaysOf(points, scale, &job);
+            },
+            [this](Overlays overlays) { install(std::move(overlays)); }, nullptr);
     }
     m_legend->setTop(m_model.speedScale() ? std::optional(m_model.speedScaleTop()) : std::nullopt);
+    showSelection();
+}
+
+void MapEditor::fit() {
     if (m_model.mapFitRequest() != m_shownFit) {
         m_shownFit = m_model.mapFitRequest();
         m_map->fitCoordinates(coordinatesOf(m_model));
     }
-    showSelection();
 }
 
 void MapEditor::install(Overlays overlays) {
@@ -165,7 +163,7 @@ void MapEditor::arrangeOverlays() {
     m_map->addOverlay(m_overlays.lines);
     // Every point is drawn only while points are being dragged; the other tools
     // still find them under the pointer, but the line stays readable.
-    if (m_model.mapTool() == MapTool::move) {
+    if (m_model.mapTool().tool() == MapTool::move) {
         m_map->addOverlay(m_overlays.points);
     }
     m_map->addOverlay(m_selection);
@@ -184,22 +182,23 @@ void MapEditor::showSelection() {
 }
 
 void MapEditor::showPending() {
-    m_pending->setPoints(m_model.pendingPoints());
-    const bool inserting = m_model.mapTool() == MapTool::insert;
+    const EditorMapTool& tool = m_model.mapTool();
+    m_pending->setPoints(tool.pendingPoints());
+    const bool inserting = tool.tool() == MapTool::insert;
     m_finish->setVisible(inserting);
     m_cancel->setVisible(inserting);
-    m_finish->setEnabled(!m_model.pendingPoints().empty());
-    m_cancel->setEnabled(!m_model.pendingPoints().empty());
+    m_finish->setEnabled(!tool.pendingPoints().empty());
+    m_cancel->setEnabled(!tool.pendingPoints().empty());
     m_map->refreshOverlays();
 }
 
 void MapEditor::applyTool() {
-    const auto tool = m_model.mapTool();
+    const auto tool = m_model.mapTool().tool();
     m_tools.at(static_cast<std::size_t>(tool))->setChecked(true);
     arrangeOverlays();
     const auto points = m_overlays.points;
     auto picked = [this](std::optional<MapHit> hit, Coordinate where) {
-        m_model.mapClicked(hit ? std::optional(hit->index) : std::nullopt, where);
+        m_model.mapTool().mapClicked(hit ? std::optional(hit->index) : std::nullopt, where);
     };
     switch (tool) {
     case MapTool::select:
@@ -219,10 +218,10 @@ void MapEditor::applyTool() {
             m_overlays.lines,
             [this, starts = m_overlays.lineStarts](Coordinate where, std::optional<MapHit> leg) {
                 if (leg && leg->path >= 0 && leg->path < static_cast<int>(starts.size())) {
-                    m_model.insertOnLine(starts[static_cast<std::size_t>(leg->path)] + leg->index,
-                                         where);
+                    m_model.mapTool().insertOnLine(
+                        starts[static_cast<std::size_t>(leg->path)] + leg->index, where);
                 } else {
-                    m_model.mapClicked(std::nullopt, where);
+                    m_model.mapTool().mapClicked(std::nullopt, where);
                 }
             }));
         break;

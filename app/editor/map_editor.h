@@ -6,9 +6,10 @@
 // drags go to the model; what the map shows always comes back from it.
 //
 // Preparing the lines of a long track takes a noticeable moment, so it runs on
-// a thread of the editor's map; the newest preparation replaces the shown one.
+// the map's own job runner; the newest preparation replaces the shown one.
 
-#include <QThreadPool>
+#include "app/shell/job_runner.h"
+
 #include <QWidget>
 #include <memory>
 #include <vector>
@@ -29,11 +30,10 @@ class MapEditor : public QWidget {
 
   public:
     MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent = nullptr);
-    ~MapEditor() override;
 
     MapWidget* map() const { return m_map; }
     /// The lines of the model's current track are still being prepared.
-    bool isPreparing() const { return m_requested != m_installed; }
+    bool isPreparing() const { return m_jobs.isBusy(); }
 
     /// The overlays of one state of the track.
     struct Overlays {
@@ -46,6 +46,7 @@ class MapEditor : public QWidget {
 
   private:
     void showTrack();
+    void fit();
     void install(Overlays overlays);
     void arrangeOverlays();
     void showSelection();
@@ -65,9 +66,8 @@ class MapEditor : public QWidget {
     int m_shownRevision = -1;
     const void* m_shownScale = nullptr;
     int m_shownFit = 0;
-    std::uint64_t m_requested = 0;
-    std::uint64_t m_installed = 0;
-    QThreadPool m_pool;
+    // Last, so that it is destroyed first: its jobs install into the members above.
+    JobRunner m_jobs;
 };
 
 } // namespace trackloom

@@ -49,7 +49,7 @@ SummaryView::SummaryView(EditorModel& model, QWidget* parent)
     layout->addStretch();
     connect(&model, &EditorModel::trackChanged, this, &SummaryView::refresh);
     // The times are shown in UTC or the local zone, as the time fields are.
-    connect(&model, &EditorModel::timeFieldsChanged, this, &SummaryView::refresh);
+    connect(&model.timeFields(), &EditorTimeFields::changed, this, &SummaryView::refresh);
     refresh();
 }
 
@@ -80,7 +80,8 @@ void SummaryView::refresh() {
     }
     const auto& analysis = track->analysis();
     const auto timeText = [this](std::optional<Instant> time) {
-        return time ? wallClockOf(*time, m_model.zone()).toString(tr("dd.MM.yyyy HH:mm:ss"))
+        return time ? wallClockOf(*time, m_model.timeFields().zone())
+                          .toString(tr("dd.MM.yyyy HH:mm:ss"))
                     : QStringLiteral("–");
     };
     set(tr("Name"), QString::fromStdString(track->name()));

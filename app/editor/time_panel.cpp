@@ -2,9 +2,9 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
-#include "app/shell/time_conversion.h"
 #include "app/shell/data_calendar_button.h"
 #include "app/shell/data_calendar_view.h"
+#include "app/shell/time_conversion.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
@@ -45,8 +45,8 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
       m_bySpeed(new QRadioButton(tr("Aus einer Geschwindigkeit"))),
       m_byEndpoints(new QRadioButton(tr("Aus Start und Ende"))),
       m_utc(new QCheckBox(tr("Zeiten in UTC statt in Ortszeit"))), m_startLabel(new QLabel),
-      m_start(dateTimeEdit()), m_startDay(new DataCalendarButton(model.zone())),
-      m_end(dateTimeEdit()), m_endDay(new DataCalendarButton(model.zone())),
+      m_start(dateTimeEdit()), m_startDay(new DataCalendarButton(model.timeFields().zone())),
+      m_end(dateTimeEdit()), m_endDay(new DataCalendarButton(model.timeFields().zone())),
       m_speed(new QDoubleSpinBox), m_feedback(new QLabel),
       m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
     group(m_shift, m_generate);
@@ -79,9 +79,8 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     layout->addStretch();
 
     connectEdits();
-    for (auto signal : {&EditorModel::timeFieldsChanged, &EditorModel::trackChanged}) {
-        connect(&model, signal, this, &TimePanel::refresh);
-    }
+    connect(&model.timeFields(), &EditorTimeFields::changed, this, &TimePanel::refresh);
+    connect(&model, &EditorModel::trackChanged, this, &TimePanel::refresh);
     refresh();
 }
 
@@ -93,26 +92,27 @@ QDateTimeEdit* TimePanel::dateTimeEdit() {
 }
 
 void TimePanel::connectEdits() {
-    connect(m_generate, &QRadioButton::toggled, &m_model, &EditorModel::setGenerate);
-    connect(m_byEndpoints, &QRadioButton::toggled, this, [this](bool on) {
-        m_model.setGenerationMode(on ? GenerationMode::startAndEnd : GenerationMode::speed);
+    EditorTimeFields& fields = m_model.timeFields();
+    connect(m_generate, &QRadioButton::toggled, &fields, &EditorTimeFields::setGenerate);
+    connect(m_byEndpoints, &QRadioButton::toggled, &fields, [&fields](bool on) {
+        fields.setGenerationMode(on ? GenerationMode::startAndEnd : GenerationMode::speed);
     });
-    connect(m_utc, &QCheckBox::toggled, &m_model, &EditorModel::setUseUTC);
-    connect(m_start, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
-        if (const auto start = instantOfWallClock(value, m_model.zone())) {
-            m_model.setNewStart(*start);
+    connect(m_utc, &QCheckBox::toggled, &fields, &EditorTimeFields::setUseUTC);
+    connect(m_start, &QDateTimeEdit::dateTimeChanged, &fields, [&fields](const QDateTime& value) {
+        if (const auto start = instantOfWallClock(value, fields.zone())) {
+            fields.setNewStart(*start);
         }
     });
-    connect(m_end, &QDateTimeEdit::dateTimeChanged, this, [this](const QDateTime& value) {
-        if (const auto end = instantOfWallClock(value, m_model.zone())) {
-            m_model.setNewEnd(*end);
+    connect(m_end, &QDateTimeEdit::dateTimeChanged, &fields, [&fields](const QDateTime& value) {
+        if (const auto end = instantOfWallClock(value, fields.zone())) {
+            fields.setNewEnd(*end);
         }
     });
-    connect(m_speed, &QDoubleSpinBox::valueChanged, &m_model, &EditorModel::setSyntheticSpeed);
-    connect(m_startDay, &DataCalendarButton::chosen, this,
-            [this](Instant first, Instant) { m_model.pickStartDay(first); });
-    connect(m_endDay, &DataCalendarButton::chosen, this,
-            [this](Instant first, Instant) { m_model.pickEndDay(first); });
+    connect(m_speed, &QDoubleSpinBox::valueChanged, &fields, &EditorTimeFields::setSyntheticSpeed);
+    connect(m_startDay, &DataCalendarButton::chosen, &fields,
+            [&fields](Instant first, Instant) { fields.pickStartDay(first); });
+    connect(m_endDay, &DataCalendarButton::chosen, &fields,
+            [&fields](Instant first, Instant) { fields.pickEndDay(first); });
     connect(m_apply, &QPushButton::clicked, &m_model, &EditorModel::previewGenerated);
 }
 
@@ -121,9 +121,10 @@ QString TimePanel::feedback() const {
 }
 
 void TimePanel::refresh() {
-    const bool generating = m_model.generate();
-    const bool byEndpoints = m_model.generationMode() == GenerationMode::startAndEnd;
-    const bool utc = m_model.useUTC();
+    const EditorTimeFields& fields = m_model.timeFields();
+    const bool generating = fields.generate();
+    const bool byEndpoints = fields.generationMode() == GenerationMode::startAndEnd;
+    const bool utc = fields.useUTC();
     {
         const std::array<QSignalBlocker, 8> blockers{
             QSignalBlocker(m_generate),    QSignalBlocker(m_shift), QSignalBlocker(m_bySpeed),
@@ -134,19 +135,19 @@ void TimePanel::refresh() {
         m_byEndpoints->setChecked(byEndpoints);
         m_bySpeed->setChecked(!byEndpoints);
         m_utc->setChecked(utc);
-        m_start->setDateTime(wallClockOf(m_model.newStart(), m_model.zone()));
-        m_end->setDateTime(wallClockOf(m_model.newEnd(), m_model.zone()));
-        m_speed->setValue(m_model.syntheticSpeed());
+        m_start->setDateTime(wallClockOf(fields.newStart(), fields.zone()));
+        m_end->setDateTime(wallClockOf(fields.newEnd(), fields.zone()));
+        m_speed->setValue(fields.syntheticSpeed());
     }
     // Counting a long track's days takes a moment; only another track or zone needs it.
-    const bool recount = m_countedTrack != m_model.track() || m_countedZone != &m_model.zone();
-    const auto counts = recount ? m_model.calendarCounts() : DayCounts();
+    const bool recount = m_countedTrack != m_model.track() || m_countedZone != &fields.zone();
+    const auto counts = recount ? fields.calendarCounts() : DayCounts();
     m_countedTrack = m_model.track();
-    m_countedZone = &m_model.zone();
+    m_countedZone = &fields.zone();
     for (auto [day, instant] :
-         {std::pair{m_startDay, m_model.newStart()}, std::pair{m_endDay, m_model.newEnd()}}) {
+         {std::pair{m_startDay, fields.newStart()}, std::pair{m_endDay, fields.newEnd()}}) {
         if (recount) {
-            day->setZone(m_model.zone());
+            day->setZone(fields.zone());
             day->setCounts(counts);
         }
         day->setDays(instant);
@@ -164,14 +165,14 @@ void TimePanel::refresh() {
     if (!generating) {
         text = tr("Beim Export beginnt der Track zu diesem Zeitpunkt; alle Zeiten werden um "
                   "denselben Betrag verschoben.");
-    } else if (const auto refusal = m_model.generationError()) {
+    } else if (const auto refusal = fields.generationError()) {
         text = *refusal;
     } else if (byEndpoints) {
-        text = tr("Ø ") + decimalText(m_model.impliedSpeed().value_or(0), 1) + tr(" km/h");
+        text = tr("Ø ") + decimalText(fields.impliedSpeed().value_or(0), 1) + tr(" km/h");
     }
     if (generating && m_model.track()) {
         text += (text.isEmpty() ? QString() : QStringLiteral(" · ")) +
-                (m_model.timeFieldsApplied() ? tr("Übernommen.") : tr("Noch nicht übernommen."));
+                (fields.applied() ? tr("Übernommen.") : tr("Noch nicht übernommen."));
     }
     m_feedback->setText(text);
 }

@@ -67,7 +67,8 @@ class TileSource : public QObject {
     QCache<TileKey, QImage> m_memory;
     std::set<TileKey> m_pending;
     std::map<TileKey, QDateTime> m_failedAt;
-    // Replies for a template that was replaced meanwhile are dropped.
+    // Replies for a template that was replaced meanwhile are dropped. Not a
+    // JobRunner lane: many network replies run at once and none is pool work.
     std::uint64_t m_generation = 0;
     bool m_available = true;
 };

@@ -16,6 +16,22 @@ const QString languageKey = QStringLiteral("interface/language");
 
 } // namespace
 
+std::optional<bool> storedFlag(const QSettings& store, const QString& key) {
+    const QVariant value = store.value(key);
+    if (value.typeId() == QMetaType::Bool) {
+        return value.toBool();
+    }
+    if (value.typeId() == QMetaType::QString) {
+        if (value.toString() == QLatin1String("true")) {
+            return true;
+        }
+        if (value.toString() == QLatin1String("false")) {
+            return false;
+        }
+    }
+    return std::nullopt;
+}
+
 QString AppSettings::defaultTileURLTemplate() {
     return QStringLiteral("https://tile.openstreetmap.org/{z}/{x}/{y}.png");
 }

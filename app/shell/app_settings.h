@@ -11,6 +11,11 @@
 
 namespace trackloom {
 
+/// A Boolean a workspace stored under `key`, or nothing when the entry is
+/// absent or holds anything else. Text-based stores hand back "true" and
+/// "false" as strings, others real Booleans; both count.
+std::optional<bool> storedFlag(const QSettings& store, const QString& key);
+
 class AppSettings {
   public:
     /// The interface language; the automatic choice follows the system locale.

@@ -9,7 +9,7 @@ std::optional<QString> HeadlessDialogs::fileToOpen(const QString&, const QString
 }
 
 std::optional<QString> HeadlessDialogs::fileToSave(const QString&, const QString&,
-                                                   const QStringList&) {
+                                                   const QStringList&, const QStringList&) {
     return std::nullopt;
 }
 

@@ -1,5 +1,8 @@
 #include "app/shell/native_dialogs.h"
 
+#include "app/shell/file_names.h"
+
+#include <QCoreApplication>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -14,10 +17,36 @@ std::optional<QString> NativeDialogs::fileToOpen(const QString& title,
 }
 
 std::optional<QString> NativeDialogs::fileToSave(const QString& title, const QString& suggestedName,
-                                                 const QStringList& nameFilters) {
-    const QString start = m_settings.lastFolder() + '/' + suggestedName;
-    return remembered(QFileDialog::getSaveFileName(m_parent, title, start,
-                                                   nameFilters.join(QStringLiteral(";;"))));
+                                                 const QStringList& nameFilters,
+                                                 const QStringList& protectedPaths) {
+    QFileDialog dialog(m_parent, title, m_settings.lastFolder() + '/' + suggestedName,
+                       nameFilters.join(QStringLiteral(";;")));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    dialog.setDefaultSuffix(QFileInfo(suggestedName).suffix());
+    // Some platforms' own panels ask about replacing whatever they are told;
+    // an opened file must be refused before that question, so Qt's dialog
+    // runs and the question is ours.
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
+    while (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+        const QString path = dialog.selectedFiles().constFirst();
+        if (const auto refusal = protectedDestinationRefusal(path, protectedPaths)) {
+            inform(title, *refusal);
+            continue;
+        }
+        if (QFileInfo::exists(path) &&
+            !confirm({title,
+                      QCoreApplication::translate("trackloom::NativeDialogs",
+                                                  "„%1“ ist bereits vorhanden. Soll die Datei "
+                                                  "ersetzt werden?")
+                          .arg(QFileInfo(path).fileName()),
+                      QCoreApplication::translate("trackloom::NativeDialogs", "Abbrechen"),
+                      QCoreApplication::translate("trackloom::NativeDialogs", "Ersetzen")})) {
+            continue;
+        }
+        return remembered(path);
+    }
+    return std::nullopt;
 }
 
 bool NativeDialogs::confirm(const Confirmation& confirmation) {

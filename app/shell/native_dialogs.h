@@ -20,7 +20,8 @@ class NativeDialogs : public UserDialogs {
     std::optional<QString> fileToOpen(const QString& title,
                                       const QStringList& nameFilters) override;
     std::optional<QString> fileToSave(const QString& title, const QString& suggestedName,
-                                      const QStringList& nameFilters) override;
+                                      const QStringList& nameFilters,
+                                      const QStringList& protectedPaths) override;
     bool confirm(const Confirmation& confirmation) override;
     void inform(const QString& title, const QString& text) override;
 

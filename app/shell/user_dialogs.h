@@ -27,8 +27,15 @@ class UserDialogs {
     virtual std::optional<QString> fileToOpen(const QString& title,
                                               const QStringList& nameFilters) = 0;
     /// A destination chosen to save to, or nothing when the user cancelled.
+    /// A destination that is one of `protectedPaths` (the files the workspace
+    /// opened, which no export may overwrite) is refused with the text of
+    /// `protectedDestinationRefusal` before anyone asks whether to replace an
+    /// existing file; only then is the user asked about replacing. Pass an
+    /// empty list when nothing is protected. Callers still check the returned
+    /// path themselves before writing.
     virtual std::optional<QString> fileToSave(const QString& title, const QString& suggestedName,
-                                              const QStringList& nameFilters) = 0;
+                                              const QStringList& nameFilters,
+                                              const QStringList& protectedPaths) = 0;
     /// True only when the user chose the accepting (destructive) answer.
     virtual bool confirm(const Confirmation& confirmation) = 0;
     /// Tells the user something that needs no answer, such as a refusal.

@@ -27,7 +27,8 @@ namespace {
 
 struct NoDialogs : UserDialogs {
     std::optional<QString> fileToOpen(const QString&, const QStringList&) override { return {}; }
-    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&) override {
+    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&,
+                                      const QStringList&) override {
         return {};
     }
     bool confirm(const Confirmation&) override { return true; }

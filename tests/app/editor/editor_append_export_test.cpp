@@ -30,7 +30,7 @@ TEST_F(AppendAndExport, ReportsTheGapInSpaceAndTime) {
     EXPECT_EQ(model().protectedGPXURLs().size(), 2);
     EXPECT_TRUE(model().structuralDirty());
 
-    model().undoSplit();
+    model().undo();
     settle();
     EXPECT_EQ(model().track()->points().size(), 3u);
 }
@@ -70,17 +70,30 @@ TEST_F(AppendAndExport, ARefusedAppendKeepsTheTrack) {
 }
 
 TEST_F(AppendAndExport, NeverWritesOverAnOpenedOrAppendedFile) {
+    const QString refusal = "Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine "
+                            "andere Datei.";
     const auto opened = write("runde.gpx", gpxDocument({walk(3)}));
     open(opened);
     append(gpxDocument({walk(3, 600)}));
     const auto appended = folder.filePath("weiter.gpx");
     const auto appendedBytes = readFileBytes(appended.toStdString());
+
+    // The save dialog refuses both and asks again, before it could ask about replacing.
+    dialogs.filesToSave = {opened, appended, std::nullopt};
+    model().exports().exportTrack();
+    settle();
+    EXPECT_EQ(dialogs.protectedPaths.back(), (QStringList{opened, appended}));
+    ASSERT_EQ(dialogs.messages.size(), 2u);
+    EXPECT_EQ(dialogs.messages[1].second, refusal);
+    EXPECT_TRUE(dialogs.filesToSave.empty());
+
+    // A dialog that lets them through still meets the model's own check.
+    dialogs.skipsProtection = true;
     for (const auto& target : {opened, appended}) {
         dialogs.filesToSave = {target};
-        model().exportTrack();
+        model().exports().exportTrack();
         settle();
-        EXPECT_EQ(error(), "Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine "
-                           "andere Datei.");
+        EXPECT_EQ(error(), refusal);
     }
     EXPECT_EQ(readFileBytes(appended.toStdString()), appendedBytes);
     EXPECT_TRUE(model().structuralDirty());
@@ -93,7 +106,7 @@ TEST_F(AppendAndExport, ExportsTheTrackAsShownAndMarksTheEditsSaved) {
     settle();
     const auto target = folder.filePath("ergebnis.gpx");
     dialogs.filesToSave = {target};
-    model().exportTrack();
+    model().exports().exportTrack();
     settle();
     ASSERT_EQ(dialogs.saveRequests.size(), 1u);
     EXPECT_EQ(dialogs.saveRequests[0].first, "Bearbeiteten GPX-Track speichern");
@@ -106,10 +119,10 @@ TEST_F(AppendAndExport, ExportsTheTrackAsShownAndMarksTheEditsSaved) {
 
 TEST_F(AppendAndExport, ShiftsToTheChosenStartWhileExporting) {
     openDocument(gpxDocument({walk(3)}));
-    model().setNewStart(testTime(86400));
+    model().timeFields().setNewStart(testTime(86400));
     const auto target = folder.filePath("verschoben.gpx");
     dialogs.filesToSave = {target};
-    model().exportTrack();
+    model().exports().exportTrack();
     settle();
     const auto written = readBack(target);
     EXPECT_EQ(written->start(), testTime(86400));
@@ -118,7 +131,7 @@ TEST_F(AppendAndExport, ShiftsToTheChosenStartWhileExporting) {
 }
 
 TEST_F(AppendAndExport, RefusesExportsUntilTimesAreUsable) {
-    model().exportTrack();
+    model().exports().exportTrack();
     EXPECT_EQ(error(), "Bitte erzeuge oder korrigiere zuerst die Zeitstempel.");
 
     auto untimed = walk(3);
@@ -126,41 +139,41 @@ TEST_F(AppendAndExport, RefusesExportsUntilTimesAreUsable) {
         point.time.reset();
     }
     openDocument(gpxDocument({untimed}));
-    model().exportSingleTrack();
+    model().exports().exportSingleTrack();
     EXPECT_EQ(error(), "Bitte erzeuge oder korrigiere zuerst die Zeitstempel.");
     EXPECT_TRUE(dialogs.saveRequests.empty());
 
-    model().setGenerate(true);
-    model().setNewStart(testTime(0));
-    model().exportSingleTrack();
+    model().timeFields().setGenerate(true);
+    model().timeFields().setNewStart(testTime(0));
+    model().exports().exportSingleTrack();
     EXPECT_EQ(error(), "Bitte übernimm zuerst die gewünschten Zeiten.");
     model().previewGenerated();
     settle();
-    model().setSyntheticSpeed(30);
-    model().exportSelectedSegment();
+    model().timeFields().setSyntheticSpeed(30);
+    model().exports().exportSelectedSegment();
     EXPECT_EQ(error(), "Bitte übernimm zuerst die gewünschten Zeiten.");
 
     model().previewGenerated();
     settle();
     const auto target = folder.filePath("ein-track.gpx");
     dialogs.filesToSave = {target};
-    model().exportSingleTrack();
+    model().exports().exportSingleTrack();
     settle();
     EXPECT_EQ(model().status(), "Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
                                 "aus GPX importieren. (ein-track.gpx)");
     EXPECT_EQ(dialogs.saveRequests.back().second, "runde (ein Track).gpx");
-    EXPECT_EQ(readBack(target)->start(), model().newStart());
+    EXPECT_EQ(readBack(target)->start(), model().timeFields().newStart());
 }
 
 TEST_F(AppendAndExport, ExportsTheSectionOfTheSelectedPoint) {
     openDocument(gpxDocument({walk(3), walk(4, 600, 60, 48.2)}));
-    model().exportSelectedSegment();
+    model().exports().exportSelectedSegment();
     EXPECT_EQ(error(), "Kein Abschnitt ausgewählt.");
 
     model().selectPoint(4);
     const auto target = folder.filePath("abschnitt.gpx");
     dialogs.filesToSave = {target};
-    model().exportSelectedSegment();
+    model().exports().exportSelectedSegment();
     settle();
     EXPECT_EQ(dialogs.saveRequests.back().second, "runde – Runde · Abschnitt 2.gpx");
     EXPECT_EQ(model().status(), "Abschnitt gespeichert: abschnitt.gpx");

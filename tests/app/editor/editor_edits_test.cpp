@@ -1,5 +1,9 @@
 #include "tests/app/editor/editor_test_support.h"
 
+#include <QSignalSpy>
+#include <stdexcept>
+#include <utility>
+
 namespace trackloom::testing {
 namespace {
 
@@ -20,13 +24,13 @@ TEST_F(Edits, SplitsAtTheSelectedPointAndUndoesAndRedoes) {
     EXPECT_EQ(model().selectedPointID(), 100);
     EXPECT_TRUE(model().canMerge());
 
-    model().undoSplit();
+    model().undo();
     settle();
     EXPECT_EQ(model().track()->segments().size(), 1u);
     EXPECT_EQ(model().status(), "Track-Bearbeitung rückgängig gemacht.");
     EXPECT_TRUE(model().canRedo());
 
-    model().redoSplit();
+    model().redo();
     settle();
     EXPECT_EQ(model().track()->segments().size(), 2u);
     EXPECT_EQ(model().status(), "Track-Bearbeitung wiederhergestellt.");
@@ -62,6 +66,73 @@ TEST_F(Edits, ARefusedEditChangesNothing) {
     EXPECT_EQ(error(), "Bitte gib beiden Abschnitten einen Namen.");
 }
 
+TEST_F(Edits, AnUnexpectedFailureBecomesTheErrorAndLeavesTheModelUsable) {
+    const QString unexpected =
+        "Unerwarteter interner Fehler. Die bisherigen Daten bleiben unverändert.";
+    openSample();
+    // Fails once while the result of the edit is being shown.
+    bool failing = true;
+    const auto connection = QObject::connect(&model(), &EditorModel::mapPointsChanged, [&] {
+        if (std::exchange(failing, false)) {
+            throw std::runtime_error("vector::_M_range_check");
+        }
+    });
+    model().selectPoint(5);
+    model().deleteSelected();
+    settle();
+    EXPECT_EQ(error(), unexpected);
+    ASSERT_TRUE(model().canEdit());
+    model().selectPoint(5);
+    model().deleteSelected();
+    settle();
+    EXPECT_EQ(model().status(), "Punkt gelöscht.");
+
+    failing = true;
+    model().load(write("neu.gpx", gpxDocument({walk(4)})));
+    settle();
+    EXPECT_EQ(error(), unexpected);
+    EXPECT_EQ(model().status(), "Import fehlgeschlagen.");
+    QObject::disconnect(connection);
+}
+
+TEST_F(Edits, AnEditOfAReplacedTrackNeverReachesTheNewOne) {
+    openSample();
+    model().selectPoint(100);
+    model().splitSelected();
+    // The edit still runs when the next file is opened.
+    EXPECT_FALSE(model().canEdit());
+    model().load(write("neu.gpx", gpxDocument({walk(4)})));
+    settle();
+    EXPECT_EQ(model().track()->points().size(), 4u);
+    EXPECT_EQ(model().track()->segments().size(), 1u);
+    EXPECT_EQ(model().status(), "4 Punkte geladen.");
+    EXPECT_FALSE(model().structuralDirty());
+    EXPECT_FALSE(model().canUndo());
+    EXPECT_TRUE(model().canEdit());
+}
+
+TEST_F(Edits, TheMapIsToldWhatChangedAndRefitsOnlyForANewTrack) {
+    openSample();
+    QSignalSpy points(&model(), &EditorModel::mapPointsChanged);
+    QSignalSpy fits(&model(), &EditorModel::fitRequested);
+    QSignalSpy colours(&model(), &EditorModel::coloursChanged);
+    model().selectPoint(10);
+    model().deleteSelected();
+    settle();
+    EXPECT_EQ(points.count(), 1);
+    EXPECT_EQ(fits.count(), 0);
+
+    model().setColorBySpeed(true);
+    EXPECT_EQ(points.count(), 1);
+    EXPECT_GE(colours.count(), 1);
+    ASSERT_TRUE(model().speedScale());
+
+    dialogs.confirmations = {true};
+    openSample();
+    EXPECT_EQ(fits.count(), 1);
+    EXPECT_EQ(points.count(), 2);
+}
+
 TEST_F(Edits, TrimsDeletesAndMovesPoints) {
     openDocument(gpxDocument({walk(10)}));
     model().selectPoint(2);
@@ -93,19 +164,19 @@ TEST_F(Edits, TrimsDeletesAndMovesPoints) {
 TEST_F(Edits, InsertsPendingPointsAfterTheAnchor) {
     openDocument(gpxDocument({walk(4)}));
     model().selectPoint(1);
-    model().startInserting();
-    EXPECT_EQ(model().mapTool(), MapTool::insert);
-    EXPECT_EQ(model().insertAnchor(), 1);
-    model().mapClicked(std::nullopt, {48.1013, 11.5});
-    model().mapClicked(std::nullopt, {48.1016, 11.5});
-    EXPECT_EQ(model().pendingPoints().size(), 2u);
+    model().mapTool().startInserting();
+    EXPECT_EQ(model().mapTool().tool(), MapTool::insert);
+    EXPECT_EQ(model().mapTool().insertAnchor(), 1);
+    model().mapTool().mapClicked(std::nullopt, {48.1013, 11.5});
+    model().mapTool().mapClicked(std::nullopt, {48.1016, 11.5});
+    EXPECT_EQ(model().mapTool().pendingPoints().size(), 2u);
 
-    model().finishInserting();
+    model().mapTool().finishInserting();
     settle();
     EXPECT_EQ(model().status(), "Punkt(e) eingefügt.");
     ASSERT_EQ(model().track()->points().size(), 6u);
     EXPECT_NEAR(model().track()->points()[2].time->secondsSince(testTime(0)), 78, 0.001);
-    EXPECT_TRUE(model().pendingPoints().empty());
+    EXPECT_TRUE(model().mapTool().pendingPoints().empty());
     EXPECT_EQ(model().selectedPointID(), 3);
 }
 
@@ -113,35 +184,35 @@ TEST_F(Edits, InsertingOnTheLineNeedsALegAndSaysWhenTimesAreMissing) {
     auto points = walk(3);
     points[2].time.reset();
     openDocument(gpxDocument({points}));
-    model().setMapTool(MapTool::insert);
-    model().mapClicked(std::nullopt, {48.2, 11.5});
-    EXPECT_TRUE(model().pendingPoints().empty());
+    model().mapTool().setTool(MapTool::insert);
+    model().mapTool().mapClicked(std::nullopt, {48.2, 11.5});
+    EXPECT_TRUE(model().mapTool().pendingPoints().empty());
 
-    model().insertOnLine(2, {48.2, 11.5});
+    model().mapTool().insertOnLine(2, {48.2, 11.5});
     EXPECT_TRUE(error().startsWith("Wähle einen Punkt, auf den im selben Abschnitt"));
-    EXPECT_FALSE(model().insertAnchor());
+    EXPECT_FALSE(model().mapTool().insertAnchor());
 
-    model().insertOnLine(1, {48.1015, 11.5});
-    EXPECT_EQ(model().insertAnchor(), 1);
-    model().finishInserting();
+    model().mapTool().insertOnLine(1, {48.1015, 11.5});
+    EXPECT_EQ(model().mapTool().insertAnchor(), 1);
+    model().mapTool().finishInserting();
     settle();
     EXPECT_EQ(model().status(),
               "Punkt(e) eingefügt, ohne Zeit: Ein Nachbarpunkt hat keine Zeitangabe.");
 
-    model().setMapTool(MapTool::insert);
-    model().finishInserting();
+    model().mapTool().setTool(MapTool::insert);
+    model().mapTool().finishInserting();
     EXPECT_EQ(error(), "Es wurden keine Punkte gesetzt.");
 }
 
 TEST_F(Edits, SwitchingToolsDropsPendingPoints) {
     openDocument(gpxDocument({walk(4)}));
     model().selectPoint(0);
-    model().startInserting();
-    model().mapClicked(std::nullopt, {48.1005, 11.5});
-    model().setMapTool(MapTool::move);
-    EXPECT_TRUE(model().pendingPoints().empty());
-    EXPECT_FALSE(model().insertAnchor());
-    model().mapClicked(2, {});
+    model().mapTool().startInserting();
+    model().mapTool().mapClicked(std::nullopt, {48.1005, 11.5});
+    model().mapTool().setTool(MapTool::move);
+    EXPECT_TRUE(model().mapTool().pendingPoints().empty());
+    EXPECT_FALSE(model().mapTool().insertAnchor());
+    model().mapTool().mapClicked(2, {});
     EXPECT_EQ(model().selectedPointID(), 2);
 }
 
@@ -176,40 +247,40 @@ TEST_F(Edits, GeneratesTimesFromASpeedOfAtMostOneThousand) {
     EXPECT_EQ(error(), "Bitte öffne zuerst einen Track.");
 
     openDocument(gpxDocument({walk(3)}));
-    model().setGenerate(true);
-    model().setNewStart(testTime(3600));
+    model().timeFields().setGenerate(true);
+    model().timeFields().setNewStart(testTime(3600));
     for (const double refused : {0.0, 1000.0001, -5.0}) {
-        model().setSyntheticSpeed(refused);
+        model().timeFields().setSyntheticSpeed(refused);
         model().previewGenerated();
         settle();
         EXPECT_EQ(error(),
                   "Bitte gib eine Geschwindigkeit größer als 0 und höchstens 1.000 km/h ein.");
         EXPECT_EQ(model().track()->start(), testTime(0));
     }
-    model().setSyntheticSpeed(1000);
+    model().timeFields().setSyntheticSpeed(1000);
     model().previewGenerated();
     settle();
     EXPECT_EQ(model().status(), "Zeitstempel mit 1000 km/h erzeugt. Bereit zum Export.");
     EXPECT_EQ(model().track()->start(), testTime(3600));
-    EXPECT_TRUE(model().timeFieldsApplied());
+    EXPECT_TRUE(model().timeFields().applied());
     EXPECT_FALSE(model().canUndo());
     EXPECT_FALSE(model().structuralDirty());
 }
 
 TEST_F(Edits, SpreadsTimesBetweenAStartAndAnEnd) {
     openDocument(gpxDocument({walk(3)}));
-    model().setGenerate(true);
-    model().setGenerationMode(GenerationMode::startAndEnd);
-    model().setNewStart(testTime(0));
-    model().setNewEnd(testTime(-1));
+    model().timeFields().setGenerate(true);
+    model().timeFields().setGenerationMode(GenerationMode::startAndEnd);
+    model().timeFields().setNewStart(testTime(0));
+    model().timeFields().setNewEnd(testTime(-1));
     model().previewGenerated();
     EXPECT_EQ(error(), "Die Endzeit muss nach der Startzeit liegen. Für eine Fahrt über "
                        "Mitternacht wähle auch das passende Enddatum.");
 
     // 222.4 m in 80 s.
-    model().setNewEnd(testTime(80));
-    ASSERT_TRUE(model().impliedSpeed());
-    EXPECT_NEAR(*model().impliedSpeed(), 10.0, 0.01);
+    model().timeFields().setNewEnd(testTime(80));
+    ASSERT_TRUE(model().timeFields().impliedSpeed());
+    EXPECT_NEAR(*model().timeFields().impliedSpeed(), 10.0, 0.01);
     model().previewGenerated();
     settle();
     EXPECT_EQ(model().status(), "Start und Ende übernommen · Ø 10,0 km/h · Bereit zum Export.");

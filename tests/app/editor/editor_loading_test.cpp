@@ -1,3 +1,4 @@
+#include "core/base/file_io.h"
 #include "tests/app/editor/editor_test_support.h"
 
 #include <QSignalSpy>
@@ -13,11 +14,11 @@ TEST_F(Loading, StartsEmptyWithTheStoredSettingsOrTheirDefaults) {
     EXPECT_TRUE(model().removeAirRoutes());
     EXPECT_EQ(model().firstPartName(), "Hinweg");
     EXPECT_EQ(model().secondPartName(), "Rückweg");
-    EXPECT_EQ(model().newEnd().secondsSince(model().newStart()), 3600);
-    EXPECT_EQ(model().syntheticSpeed(), 20);
+    EXPECT_EQ(model().timeFields().newEnd().secondsSince(model().timeFields().newStart()), 3600);
+    EXPECT_EQ(model().timeFields().syntheticSpeed(), 20);
     EXPECT_EQ(model().threshold(), 80);
-    EXPECT_EQ(model().mapTool(), MapTool::select);
-    EXPECT_EQ(model().generationMode(), GenerationMode::speed);
+    EXPECT_EQ(model().mapTool().tool(), MapTool::select);
+    EXPECT_EQ(model().timeFields().generationMode(), GenerationMode::speed);
 }
 
 TEST_F(Loading, ReadsStoredSettingsAndTreatsOddValuesAsAbsent) {
@@ -138,42 +139,45 @@ TEST_F(Loading, TakesOverATimelineDayAndProtectsTheHistory) {
     EXPECT_FALSE(model().sourceURL());
 
     dialogs.filesToSave = {history};
-    model().exportTrack();
+    model().exports().exportTrack();
     settle();
-    EXPECT_EQ(error(), "Die Originaldatei darf nicht überschrieben werden. Bitte wähle eine "
-                       "andere Datei.");
+    EXPECT_EQ(dialogs.protectedPaths.at(0), QStringList{history});
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].second, "Die Originaldatei darf nicht überschrieben werden. "
+                                          "Bitte wähle eine andere Datei.");
     EXPECT_EQ(dialogs.saveRequests.at(0).second, "Google-Zeitachse 2025-06-01 (bearbeitet).gpx");
+    EXPECT_EQ(readFileBytes(history.toStdString()), "[]");
 }
 
 TEST_F(Loading, TimeFieldsFollowTheTrackUntilTheUserSetsThem) {
     openDocument(gpxDocument({walk(5, 0, 60)}));
-    EXPECT_EQ(model().newStart(), testTime(0));
-    EXPECT_EQ(model().newEnd(), testTime(240));
+    EXPECT_EQ(model().timeFields().newStart(), testTime(0));
+    EXPECT_EQ(model().timeFields().newEnd(), testTime(240));
 
     model().selectPoint(1);
     model().trimBeforeSelected();
     settle();
-    EXPECT_EQ(model().newStart(), testTime(60));
+    EXPECT_EQ(model().timeFields().newStart(), testTime(60));
 
-    model().setNewStart(testTime(7200));
+    model().timeFields().setNewStart(testTime(7200));
     model().selectPoint(1);
     model().trimBeforeSelected();
     settle();
-    EXPECT_EQ(model().newStart(), testTime(7200));
+    EXPECT_EQ(model().timeFields().newStart(), testTime(7200));
 }
 
 TEST_F(Loading, CountsPointsPerDayInTheChosenZone) {
     zoneName = "Europe/Berlin";
     // 21:00 UTC is 23:00 in Berlin, 23:30 UTC already the next day there.
     openDocument(gpxDocument({{{48.1, 11.5, 11 * 3600.0}, {48.2, 11.5, 13.5 * 3600.0}}}));
-    EXPECT_EQ(model().calendarCounts().size(), 2u);
-    model().setUseUTC(true);
-    const auto counts = model().calendarCounts();
+    EXPECT_EQ(model().timeFields().calendarCounts().size(), 2u);
+    model().timeFields().setUseUTC(true);
+    const auto counts = model().timeFields().calendarCounts();
     ASSERT_EQ(counts.size(), 1u);
     EXPECT_EQ(counts.begin()->second, 2);
 
-    model().pickStartDay(counts.begin()->first.advanced(-86400));
-    EXPECT_EQ(model().newStart(), testTime(11 * 3600 - 86400));
+    model().timeFields().pickStartDay(counts.begin()->first.advanced(-86400));
+    EXPECT_EQ(model().timeFields().newStart(), testTime(11 * 3600 - 86400));
 }
 
 } // namespace

@@ -30,14 +30,17 @@ inline QCoreApplication& coreApplication() {
     return *application;
 }
 
-/// ScriptedDialogs that also record what each save dialog suggested.
+/// ScriptedDialogs that also record what each save dialog suggested and protected.
 struct RecordingDialogs : ScriptedDialogs {
     std::vector<std::pair<QString, QString>> saveRequests;
+    std::vector<QStringList> protectedPaths;
 
     std::optional<QString> fileToSave(const QString& title, const QString& suggestedName,
-                                      const QStringList& filters) override {
+                                      const QStringList& filters,
+                                      const QStringList& protectedPaths) override {
         saveRequests.emplace_back(title, suggestedName);
-        return ScriptedDialogs::fileToSave(title, suggestedName, filters);
+        this->protectedPaths.push_back(protectedPaths);
+        return ScriptedDialogs::fileToSave(title, suggestedName, filters, protectedPaths);
     }
 };
 

@@ -91,11 +91,11 @@ TEST_F(EditorScreens, MapEditorSelectsAndInsertsWhereTheUserClicks) {
     QTest::mouseClick(map, Qt::LeftButton, {}, screenOf(30));
     EXPECT_EQ(model.selectedPointID(), 30);
 
-    model.setMapTool(MapTool::insert);
+    model.mapTool().setTool(MapTool::insert);
     const QPointF between = (QPointF(screenOf(60)) + QPointF(screenOf(61))) / 2;
     QTest::mouseClick(map, Qt::LeftButton, {}, between.toPoint());
-    EXPECT_EQ(model.insertAnchor(), 60);
-    EXPECT_EQ(model.pendingPoints().size(), 1u);
+    EXPECT_EQ(model.mapTool().insertAnchor(), 60);
+    EXPECT_EQ(model.mapTool().pendingPoints().size(), 1u);
 }
 
 TEST_F(EditorScreens, IntervalTableFollowsAndSetsTheSelection) {
@@ -140,14 +140,14 @@ TEST_F(EditorScreens, TimePanelShowsTheImpliedSpeedAndGeneratesOnRequest) {
     TimePanel panel(model);
     show(panel, {400, 500});
     loadSample();
-    model.setGenerate(true);
-    model.setGenerationMode(GenerationMode::startAndEnd);
-    model.setNewEnd(model.newStart().advanced(3600));
+    model.timeFields().setGenerate(true);
+    model.timeFields().setGenerationMode(GenerationMode::startAndEnd);
+    model.timeFields().setNewEnd(model.timeFields().newStart().advanced(3600));
     EXPECT_TRUE(panel.feedback().startsWith("Ø 11,3 km/h")) << panel.feedback().toStdString();
-    model.setNewEnd(model.newStart());
+    model.timeFields().setNewEnd(model.timeFields().newStart());
     EXPECT_TRUE(panel.feedback().startsWith("Die Endzeit muss nach der Startzeit liegen."));
 
-    model.setGenerationMode(GenerationMode::speed);
+    model.timeFields().setGenerationMode(GenerationMode::speed);
     panel.applyButton()->click();
     settle();
     EXPECT_EQ(model.status(), "Zeitstempel mit 20 km/h erzeugt. Bereit zum Export.");
@@ -195,8 +195,8 @@ TEST_F(EditorScreens, WorkspaceAnswersTheShell) {
     EXPECT_EQ(workspace.unsavedWork()->title, "Ungesicherte GPX-Bearbeitung");
     EXPECT_TRUE(workspace.canUndo());
 
-    workspace.model().setGenerate(true);
-    workspace.model().setSyntheticSpeed(0);
+    workspace.model().timeFields().setGenerate(true);
+    workspace.model().timeFields().setSyntheticSpeed(0);
     workspace.model().previewGenerated();
     ASSERT_FALSE(dialogs.messages.empty());
     EXPECT_EQ(dialogs.messages.back().second,
