@@ -339,6 +339,84 @@
     </message>
 </context>
 <context>
+    <name>trackloom::EditorExports</name>
+    <message>
+        <source>Bitte erzeuge oder korrigiere zuerst die Zeitstempel.</source>
+        <translation>Please generate or correct the timestamps first.</translation>
+    </message>
+    <message>
+        <source>Bitte übernimm zuerst die gewünschten Zeiten.</source>
+        <translation>Please apply the times you want first.</translation>
+    </message>
+    <message>
+        <source>Kein Abschnitt ausgewählt.</source>
+        <translation>No section selected.</translation>
+    </message>
+    <message>
+        <source>Als ein Track exportieren</source>
+        <translation>Export as one track</translation>
+    </message>
+    <message>
+        <source>Bearbeiteten GPX-Track speichern</source>
+        <translation>Save edited GPX track</translation>
+    </message>
+    <message>
+        <source>Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route aus GPX importieren. (</source>
+        <translation>Saved. In Vandrel: open the route → Ridden route → Import route from GPX. (</translation>
+    </message>
+    <message>
+        <source>GPX exportiert: </source>
+        <translation>GPX exported: </translation>
+    </message>
+    <message>
+        <source>Abschnitt exportieren</source>
+        <translation>Export section</translation>
+    </message>
+    <message>
+        <source>Abschnitt gespeichert: </source>
+        <translation>Section saved: </translation>
+    </message>
+    <message>
+        <source>GPX-Datei wird geschrieben …</source>
+        <translation>Writing the GPX file …</translation>
+    </message>
+    <message>
+        <source>Export fehlgeschlagen.</source>
+        <translation>Export failed.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::EditorMapTool</name>
+    <message>
+        <source>Zum Einfügen auf die Linie klicken, hinter dem Punkt, nach dem die neuen Punkte folgen sollen.</source>
+        <translation>To insert, click on the line behind the point that the new points should follow.</translation>
+    </message>
+    <message>
+        <source>Wähle einen Punkt, auf den im selben Abschnitt noch ein Punkt folgt. Am Ende eines Abschnitts lässt sich nichts einfügen; verbinde vorher die Abschnitte.</source>
+        <translation>Choose a point that another point of the same section follows. Nothing can be inserted at the end of a section; join the sections first.</translation>
+    </message>
+    <message>
+        <source>Neue Punkte auf die Karte klicken, dann „Fertig“ wählen.</source>
+        <translation>Click new points on the map, then choose “Done”.</translation>
+    </message>
+    <message>
+        <source>Zum Einfügen auf die Linie klicken.</source>
+        <translation>To insert, click on the line.</translation>
+    </message>
+    <message>
+        <source>Es wurden keine Punkte gesetzt.</source>
+        <translation>No points were set.</translation>
+    </message>
+    <message>
+        <source>Punkt(e) eingefügt, ohne Zeit: Ein Nachbarpunkt hat keine Zeitangabe.</source>
+        <translation>Point(s) inserted without time: a neighbouring point has no time.</translation>
+    </message>
+    <message>
+        <source>Punkt(e) eingefügt.</source>
+        <translation>Point(s) inserted.</translation>
+    </message>
+</context>
+<context>
     <name>trackloom::EditorModel</name>
     <message>
         <source>Bitte öffne zuerst einen Track.</source>
@@ -401,80 +479,8 @@
         <translation>Straight-line routes are shown, counted and exported.</translation>
     </message>
     <message>
-        <source>Zum Einfügen auf die Linie klicken, hinter dem Punkt, nach dem die neuen Punkte folgen sollen.</source>
-        <translation>To insert, click on the line behind the point that the new points should follow.</translation>
-    </message>
-    <message>
-        <source>Wähle einen Punkt, auf den im selben Abschnitt noch ein Punkt folgt. Am Ende eines Abschnitts lässt sich nichts einfügen; verbinde vorher die Abschnitte.</source>
-        <translation>Choose a point that another point of the same section follows. Nothing can be inserted at the end of a section; join the sections first.</translation>
-    </message>
-    <message>
-        <source>Neue Punkte auf die Karte klicken, dann „Fertig“ wählen.</source>
-        <translation>Click new points on the map, then choose “Done”.</translation>
-    </message>
-    <message>
-        <source>Zum Einfügen auf die Linie klicken.</source>
-        <translation>To insert, click on the line.</translation>
-    </message>
-    <message>
-        <source>Es wurden keine Punkte gesetzt.</source>
-        <translation>No points were set.</translation>
-    </message>
-    <message>
-        <source>Punkt(e) eingefügt, ohne Zeit: Ein Nachbarpunkt hat keine Zeitangabe.</source>
-        <translation>Point(s) inserted without time: a neighbouring point has no time.</translation>
-    </message>
-    <message>
-        <source>Punkt(e) eingefügt.</source>
-        <translation>Point(s) inserted.</translation>
-    </message>
-    <message>
         <source>Punkt verschoben.</source>
         <translation>Point moved.</translation>
-    </message>
-    <message>
-        <source>Bitte erzeuge oder korrigiere zuerst die Zeitstempel.</source>
-        <translation>Please generate or correct the timestamps first.</translation>
-    </message>
-    <message>
-        <source>Bitte übernimm zuerst die gewünschten Zeiten.</source>
-        <translation>Please apply the times you want first.</translation>
-    </message>
-    <message>
-        <source>Bearbeiteten GPX-Track speichern</source>
-        <translation>Save edited GPX track</translation>
-    </message>
-    <message>
-        <source>GPX exportiert: </source>
-        <translation>GPX exported: </translation>
-    </message>
-    <message>
-        <source>Als ein Track exportieren</source>
-        <translation>Export as one track</translation>
-    </message>
-    <message>
-        <source>Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route aus GPX importieren. (</source>
-        <translation>Saved. In Vandrel: open the route → Ridden route → Import route from GPX. (</translation>
-    </message>
-    <message>
-        <source>Kein Abschnitt ausgewählt.</source>
-        <translation>No section selected.</translation>
-    </message>
-    <message>
-        <source>Abschnitt exportieren</source>
-        <translation>Export section</translation>
-    </message>
-    <message>
-        <source>Abschnitt gespeichert: </source>
-        <translation>Section saved: </translation>
-    </message>
-    <message>
-        <source>GPX-Datei wird geschrieben …</source>
-        <translation>Writing the GPX file …</translation>
-    </message>
-    <message>
-        <source>Export fehlgeschlagen.</source>
-        <translation>Export failed.</translation>
     </message>
     <message>
         <source>GPX-Datei öffnen</source>
@@ -525,10 +531,6 @@
         <translation>Return</translation>
     </message>
     <message>
-        <source>Bitte gib eine Geschwindigkeit größer als 0 und höchstens 1.000 km/h ein.</source>
-        <translation>Please enter a speed above 0 and at most 1,000 km/h.</translation>
-    </message>
-    <message>
         <source>Ungesicherte GPX-Bearbeitung</source>
         <translation>Unsaved GPX edits</translation>
     </message>
@@ -543,6 +545,17 @@
     <message>
         <source>Änderungen verwerfen</source>
         <translation>Discard changes</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::EditorTimeFields</name>
+    <message>
+        <source>Bitte öffne zuerst einen Track.</source>
+        <translation>Please open a track first.</translation>
+    </message>
+    <message>
+        <source>Bitte gib eine Geschwindigkeit größer als 0 und höchstens 1.000 km/h ein.</source>
+        <translation>Please enter a speed above 0 and at most 1,000 km/h.</translation>
     </message>
 </context>
 <context>
@@ -719,6 +732,21 @@
     <message>
         <source>Kartenmaterial ist nicht verfügbar.</source>
         <translation>Map tiles are not available.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::NativeDialogs</name>
+    <message>
+        <source>„%1“ ist bereits vorhanden. Soll die Datei ersetzt werden?</source>
+        <translation>“%1” already exists. Do you want to replace it?</translation>
+    </message>
+    <message>
+        <source>Abbrechen</source>
+        <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Ersetzen</source>
+        <translation>Replace</translation>
     </message>
 </context>
 <context>
