@@ -9,7 +9,7 @@
 #include "app/shell/native_dialogs.h"
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
-#include "core/timeline/timeline_calendar.h"
+#include "core/base/time_zones.h"
 
 #include <QApplication>
 #include <QSettings>
