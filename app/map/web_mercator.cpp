@@ -3,8 +3,7 @@
 namespace trackloom {
 
 MapPoint project(const Coordinate& coordinate) {
-    const auto point = mercatorProjected(coordinate.latitude, coordinate.longitude);
-    return {point.x, point.y};
+    return mercatorProjected(coordinate.latitude, coordinate.longitude);
 }
 
 Coordinate unproject(MapPoint point) {

@@ -11,12 +11,8 @@
 
 namespace trackloom {
 
-struct MapPoint {
-    double x = 0;
-    double y = 0;
-
-    friend bool operator==(const MapPoint&, const MapPoint&) = default;
-};
+/// A position on the unit square, as the heat cells have it too.
+using MapPoint = MercatorPoint;
 
 /// An axis-aligned rectangle on the unit square (min inclusive, max inclusive).
 struct MapRect {

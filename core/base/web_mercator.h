@@ -15,6 +15,8 @@ inline constexpr double mercatorEquator = 40075016.685578488;
 struct MercatorPoint {
     double x = 0;
     double y = 0;
+
+    friend bool operator==(const MercatorPoint&, const MercatorPoint&) = default;
 };
 
 struct MercatorPosition {
