@@ -10,7 +10,7 @@
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
 #include "app/timeline/timeline_workspace.h"
-#include "core/timeline/timeline_calendar.h"
+#include "core/base/time_zones.h"
 
 #include <QApplication>
 #include <QSettings>

@@ -1,6 +1,6 @@
 #include "app/shell/date_texts.h"
 
-#include "core/places/zoned_calendar.h"
+#include "core/base/zoned_calendar.h"
 
 #include <cmath>
 #include <limits>
