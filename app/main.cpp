@@ -3,6 +3,8 @@
 
 #include "app/editor/editor_workspace.h"
 #include "app/map/tile_source.h"
+#include "app/places/nominatim_search.h"
+#include "app/places/places_workspace.h"
 #include "app/shell/headless_dialogs.h"
 #include "app/shell/launch_options.h"
 #include "app/shell/main_window.h"
@@ -59,6 +61,14 @@ int main(int argc, char** argv) {
     nativeDialogs.setParentWindow(&window);
     window.addWorkspace(
         std::make_unique<EditorWorkspace>(store, dialogs, &tiles, *systemTimeZone()));
+
+    // The place explorer: available once the timeline hands it a scope of the
+    // history (`PlaceScopeReceiver`); its day rows go to a `DayReceiver`. A
+    // screenshot never searches online.
+    auto placesOwned = std::make_unique<PlacesWorkspace>(
+        dialogs, &tiles, screenshot ? nullptr : std::make_unique<NominatimSearch>());
+    [[maybe_unused]] PlacesWorkspace* places = placesOwned.get();
+    window.addWorkspace(std::move(placesOwned));
 
     window.openFiles(options.files);
     if (options.screenshotPath) {
