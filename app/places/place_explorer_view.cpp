@@ -41,8 +41,9 @@ PlaceExplorerView::PlaceExplorerView(TileSource* tiles, QWidget* parent)
     auto* right = new QSplitter(Qt::Vertical);
     right->addWidget(m_map);
     right->addWidget(m_days);
-    right->setStretchFactor(0, 3);
-    right->setStretchFactor(1, 2);
+    right->setStretchFactor(0, 1);
+    right->setStretchFactor(1, 1);
+    m_days->setMinimumHeight(240);
     right->setChildrenCollapsible(false);
 
     auto* columns = new QSplitter;

@@ -54,7 +54,7 @@ PlaceSearchPanel::PlaceSearchPanel(QWidget* parent) : QWidget(parent) {
     m_queryMessage->setWordWrap(true);
     m_candidates = new QListWidget;
     m_candidates->setObjectName(QStringLiteral("placeCandidates"));
-    m_candidates->setMinimumHeight(90);
+    m_candidates->setMinimumHeight(120);
     m_credit = note(tr("Suchergebnisse: © OpenStreetMap-Mitwirkende (ODbL)"));
 
     m_place = new QLabel;
@@ -88,7 +88,7 @@ PlaceSearchPanel::PlaceSearchPanel(QWidget* parent) : QWidget(parent) {
     layout->addWidget(note(tr("Nur „Bei OpenStreetMap suchen“ sendet deinen Suchtext an "
                               "OpenStreetMap. Koordinaten: Breite, Länge mit Dezimalpunkt.")));
     layout->addWidget(m_queryMessage);
-    layout->addWidget(m_candidates, 1);
+    layout->addWidget(m_candidates);
     layout->addWidget(m_credit);
     layout->addWidget(m_place);
     layout->addWidget(m_pick);
@@ -104,6 +104,7 @@ PlaceSearchPanel::PlaceSearchPanel(QWidget* parent) : QWidget(parent) {
     layout->addWidget(m_status);
     layout->addWidget(note(tr("Verlauf und Umkreissuche bleiben lokal. Kartenmaterial kommt von "
                               "OpenStreetMap. Originaldateien bleiben unverändert.")));
+    layout->addStretch(1);
 
     connect(m_query, &QLineEdit::textEdited, this, [this](const QString& text) {
         if (m_model) {
