@@ -16,6 +16,30 @@ std::optional<CellGrid> cellGrid(HeatRegion visible, double viewWidth, double ce
                     cellSize};
 }
 
+namespace {
+
+/// The points within `radius` of `centre`, by a latitude band first and the
+/// great-circle distance for the few left.
+std::vector<TimelinePoint> pointsNear(PlaceCoordinate centre, double radius,
+                                      const std::vector<TimelinePoint>& points,
+                                      const std::stop_token& stop) {
+    const double band = radius / 6371008.8 * 180 / 3.141592653589793;
+    std::vector<TimelinePoint> near;
+    for (std::size_t i = 0; i < points.size(); ++i) {
+        if (i % 1024 == 0) {
+            throwIfCancelled(stop);
+        }
+        const TimelinePoint& point = points[i];
+        if (std::abs(point.latitude - centre.latitude) <= band &&
+            PlaceAnalysis::distance(centre, {point.latitude, point.longitude}) <= radius) {
+            near.push_back(point);
+        }
+    }
+    return near;
+}
+
+} // namespace
+
 PlaceExplorerModel::PlaceExplorerModel(PlaceScope scope, UserDialogs& dialogs,
                                        OnlinePlaceSearch* onlineSearch, QObject* parent)
     : QObject(parent), m_dialogs(dialogs), m_online(onlineSearch), m_id(QUuid::createUuid()),
@@ -150,6 +174,9 @@ void PlaceExplorerModel::replacePoints(Prepared prepared) {
     m_jobs.retire(std::exchange(m_filtered, std::move(prepared.filtered)));
     m_jobs.retire(std::exchange(m_samples, std::move(prepared.samples)));
     m_bounds = prepared.bounds;
+    if (m_nearby) {
+        m_jobs.retire(std::exchange(m_nearby, std::nullopt)->points);
+    }
     ++m_revision;
     emit pointsChanged();
     requestHeat();
@@ -174,13 +201,24 @@ void PlaceExplorerModel::findDays() {
     const PlaceCoordinate centre = *m_center;
     const double radius = m_radius;
     const date::time_zone* zone = m_scope.zone;
-    m_jobs.start<std::vector<PlaceDay>>(
+    std::optional<Nearby> nearby;
+    if (m_nearby && m_nearby->centre == centre && m_nearby->radius >= radius) {
+        nearby = m_nearby;
+    }
+    m_jobs.start<DaySearch>(
         dayLane,
-        [points, centre, radius, zone](const JobContext& context) {
-            return PlaceAnalysis::days(centre, radius, *points, *zone, context.token());
+        [points, centre, radius, zone, nearby](const JobContext& context) {
+            Nearby near = nearby.value_or(Nearby{centre, std::max(radius, nearbyRadius), nullptr});
+            if (!near.points) {
+                near.points = std::make_shared<const std::vector<TimelinePoint>>(
+                    pointsNear(centre, near.radius, *points, context.token()));
+            }
+            return DaySearch{
+                PlaceAnalysis::days(centre, radius, *near.points, *zone, context.token()), near};
         },
-        [this](std::vector<PlaceDay> days) {
-            m_days = std::move(days);
+        [this](DaySearch search) {
+            m_days = std::move(search.days);
+            m_nearby = std::move(search.nearby);
             m_finding = false;
             emit daysChanged();
         },

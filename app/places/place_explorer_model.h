@@ -65,9 +65,12 @@ class PlaceExplorerModel : public QObject {
     /// Screen points per heat cell.
     static constexpr double heatCellPoints = 22;
     /// Screen points per dot of the selected points.
-    static constexpr double dotCellPoints = 3;
+    static constexpr double dotCellPoints = 4;
     static constexpr std::size_t savedPlaceLimit = 50;
     static constexpr std::size_t onlinePlaceLimit = 15;
+    /// The points within this many metres of a chosen place are kept aside, so
+    /// that trying the offered radii does not search the whole history again.
+    static constexpr double nearbyRadius = 10000;
 
     /// `scope.zone` must not be null; `onlineSearch` may be (no online search).
     PlaceExplorerModel(PlaceScope scope, UserDialogs& dialogs, OnlinePlaceSearch* onlineSearch,
@@ -182,6 +185,15 @@ class PlaceExplorerModel : public QObject {
         std::shared_ptr<const std::vector<HeatSample>> samples;
         std::optional<std::pair<PlaceCoordinate, PlaceCoordinate>> bounds;
     };
+    struct Nearby {
+        PlaceCoordinate centre;
+        double radius = 0;
+        std::shared_ptr<const std::vector<TimelinePoint>> points;
+    };
+    struct DaySearch {
+        std::vector<PlaceDay> days;
+        Nearby nearby;
+    };
 
     void setCandidates(std::vector<PlaceCandidate> candidates, const QString& message);
     void setError(std::optional<QString> error);
@@ -219,6 +231,7 @@ class PlaceExplorerModel : public QObject {
     std::optional<QString> m_error;
     std::optional<std::pair<PlaceCoordinate, PlaceCoordinate>> m_bounds;
 
+    std::optional<Nearby> m_nearby;
     std::uint64_t m_searchGeneration = 0;
     std::optional<std::pair<HeatRegion, double>> m_view;
     std::uint64_t m_renderGeneration = 0;

@@ -186,8 +186,7 @@ int main(int argc, char** argv) {
     bench::report("    days found", static_cast<double>(model.days().size()), "");
     bench::report("(d) pan until heat cells shown, median (goal <= 100 ms)", median(pans), "ms");
     bench::report("ratio d/a", median(pans) / bare, "");
-    bench::report("    heat cells / dots in view", static_cast<double>(model.heat().cells.size()),
-                  "");
+    bench::report("    heat cells in view", static_cast<double>(model.heat().cells.size()), "");
     bench::report("    dots in view", static_cast<double>(model.dots().cells.size()), "");
     bench::report("    longest main-thread pause, radius and pans",
                   std::max(*std::max_element(radiusPauses.begin(), radiusPauses.end()),
