@@ -54,6 +54,21 @@ TEST(HeatOverlay, DrawsTheDensestCellRedAndSparseOnesTowardsBlue) {
     EXPECT_NEAR(heatColor(1000, 1000).alphaF(), 0.78, 1e-2);
 }
 
+/// No single-line text is cut: every shown label and button gets its width.
+void expectNoCutText(QWidget& view) {
+    for (auto* label : view.findChildren<QLabel*>()) {
+        if (label->isVisible() && !label->wordWrap() && !label->text().isEmpty()) {
+            EXPECT_GE(label->width(), label->minimumSizeHint().width())
+                << label->text().toStdString();
+        }
+    }
+    for (auto* button : view.findChildren<QAbstractButton*>()) {
+        if (button->isVisible() && !button->text().isEmpty()) {
+            EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
+        }
+    }
+}
+
 class PlacesScreenTest : public testing::ApplicationTest {
   protected:
     PlacesScreenTest()
@@ -70,6 +85,15 @@ class PlacesScreenTest : public testing::ApplicationTest {
         const PlaceCoordinate towns[] = {home, {50.94, 6.96}, {51.23, 6.78}, {50.11, 8.68}};
         for (int day = 0; day < 365; ++day) {
             PlaceCoordinate at = towns[day % 7 == 0 ? 1 + day % 3 : 0];
+            TimelinePoint stay;
+            stay.id = static_cast<std::int64_t>(points->size());
+            stay.kind = TimelinePointKind::visit;
+            stay.label = "Besuch bei Freunden " + std::to_string(day % 4);
+            stay.latitude = at.latitude;
+            stay.longitude = at.longitude;
+            stay.time = Instant::fromUnixSeconds(1.7e9 + day * 86400.0 - 3600);
+            stay.endTime = stay.time.advanced(1800);
+            points->push_back(stay);
             for (int i = 0; i < 60; ++i) {
                 TimelinePoint point;
                 point.id = static_cast<std::int64_t>(points->size());
@@ -144,24 +168,26 @@ TEST_F(PlacesScreenTest, OpensFromAScopeShowsDaysHeatAndFitsAt1024By700) {
     EXPECT_EQ(radii, (QStringList{"50 m", "100 m", "250 m", "500 m", "1 km", "5 km", "10 km"}));
     EXPECT_EQ(radius->currentText(), "250 m");
 
-    // No single-line text is cut: every shown label and button gets its width.
-    for (auto* label : view->findChildren<QLabel*>()) {
-        if (label->isVisible() && !label->wordWrap() && !label->text().isEmpty()) {
-            EXPECT_GE(label->width(), label->minimumSizeHint().width())
-                << label->text().toStdString();
-        }
-    }
-    for (auto* button : view->findChildren<QAbstractButton*>()) {
-        if (button->isVisible()) {
-            EXPECT_GE(button->width(), button->sizeHint().width()) << button->text().toStdString();
-        }
-    }
+    expectNoCutText(*view);
 
     auto* list = view->dayList()->list();
     ASSERT_GT(list->count(), 0);
     EXPECT_EQ(list->item(0)->toolTip(), "Den vollständigen Tag mit seinen Strecken öffnen");
     emit list->itemClicked(list->item(0));
     EXPECT_EQ(days.shown, std::vector<Instant>{workspace->model()->days()[0].day});
+
+    // Candidates, the chosen place and map picking together still fit.
+    workspace->model()->setQuery(QStringLiteral("besuch"));
+    workspace->model()->searchSavedPlaces();
+    EXPECT_EQ(workspace->model()->candidates().size(), 16u);
+    workspace->model()->setChoosingLocation(true);
+    QCoreApplication::processEvents();
+    expectNoCutText(*view);
+    if (!picture.isEmpty()) {
+        ASSERT_FALSE(writeScreenshot(window, {1024, 700},
+                                     QString(picture).replace(".png", "-search.png"),
+                                     [&] { return workspace->isBusy(); }));
+    }
 }
 
 } // namespace
