@@ -98,6 +98,25 @@ TEST_F(PlaceExplorerModelTest, ANewRadiusCancelsTheOlderDaySearch) {
     EXPECT_EQ(shown, std::vector<std::size_t>{21});
 }
 
+TEST_F(PlaceExplorerModelTest, RadiusChangesFindTheDaysOfEveryDistance) {
+    // About 1 km, 8 km and 20 km north of home, one day each.
+    auto& explorer = open({pathPoint(home.latitude + 0.009, home.longitude, juneTime(1, 12)),
+                           pathPoint(home.latitude + 0.072, home.longitude, juneTime(2, 12)),
+                           pathPoint(home.latitude + 0.18, home.longitude, juneTime(3, 12))});
+    explorer.choose(QStringLiteral("Zuhause"), home, false);
+    waitForIdle(explorer);
+    EXPECT_TRUE(explorer.days().empty());
+    for (const auto& [radius, count] : std::vector<std::pair<double, std::size_t>>{
+             {10000, 2}, {50000, 3}, {1000, 0}, {5000, 1}, {100000, 3}}) {
+        explorer.setRadius(radius);
+        waitForIdle(explorer);
+        EXPECT_EQ(explorer.days().size(), count) << radius;
+    }
+    explorer.choose(QStringLiteral("Norden"), {home.latitude + 0.18, home.longitude}, false);
+    waitForIdle(explorer);
+    EXPECT_EQ(explorer.days().size(), 3u);
+}
+
 TEST_F(PlaceExplorerModelTest, RowTextsFollowTheZoneAndEndAtTwentyFour) {
     auto& explorer = open(history());
     explorer.choose(QStringLiteral("Zuhause"), home, false);
