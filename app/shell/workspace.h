@@ -65,7 +65,7 @@ class Workspace : public QObject {
     virtual bool isAvailable() const { return true; }
 
   signals:
-    /// Undo, redo, unsaved work, busy state or the title changed.
+    /// Undo, redo, unsaved work, busy state, availability or the title changed.
     void stateChanged();
     /// The workspace wants to be in front (another one handed it work).
     void activationRequested();
