@@ -183,7 +183,7 @@ void TimelineModel::explorePlaces(PlaceScopeReceiver& receiver) {
         [this, &receiver, interval = scopeInterval(),
          title = scopeTitle()](std::shared_ptr<const std::vector<TimelinePoint>> points) {
             setStatus(tr("Ortssuche geöffnet: ") + title);
-            receiver.explore({std::move(points), interval, title, m_zone});
+            receiver.explore({std::move(points), interval, title, m_zone, m_sourceURL});
         },
         [this](const QString& message) { setError(message); });
 }
