@@ -3,6 +3,8 @@
 
 #include "app/editor/editor_workspace.h"
 #include "app/map/tile_source.h"
+#include "app/places/nominatim_search.h"
+#include "app/places/places_workspace.h"
 #include "app/shell/headless_dialogs.h"
 #include "app/shell/launch_options.h"
 #include "app/shell/main_window.h"
@@ -10,7 +12,7 @@
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
 #include "app/timeline/timeline_workspace.h"
-#include "core/timeline/timeline_calendar.h"
+#include "core/base/time_zones.h"
 
 #include <QApplication>
 #include <QSettings>
@@ -24,6 +26,20 @@ int printAndExit(const LaunchExit& exit) {
     std::fputs(qPrintable(exit.text + '\n'), exit.status == 0 ? stdout : stderr);
     return exit.status;
 }
+
+/// Opens the place explorer for a picture: the whole history, around the
+/// place given on the command line, with the heat map on.
+struct ScreenshotExplorer : PlaceScopeReceiver {
+    ScreenshotExplorer(PlacesWorkspace& places, std::optional<PlaceCoordinate> centre)
+        : places(places), centre(centre) {}
+    void explore(PlaceScope scope) override {
+        if (centre) {
+            places.exploreForScreenshot(std::move(scope), *centre);
+        }
+    }
+    PlacesWorkspace& places;
+    std::optional<PlaceCoordinate> centre;
+};
 
 } // namespace
 
@@ -60,11 +76,29 @@ int main(int argc, char** argv) {
     nativeDialogs.setParentWindow(&window);
     auto editor = std::make_unique<EditorWorkspace>(store, dialogs, &tiles, *systemTimeZone());
     auto timeline = std::make_unique<TimelineWorkspace>(dialogs, &tiles, *systemTimeZone());
+    // The place explorer becomes available once the timeline hands it a scope
+    // of the history; its day rows go back to the timeline. A screenshot never
+    // searches online.
+    auto places = std::make_unique<PlacesWorkspace>(
+        dialogs, &tiles, screenshot ? nullptr : std::make_unique<NominatimSearch>());
     timeline->setTrackReceiver(editor.get());
+    timeline->setPlaceScopeReceiver(places.get());
+    places->setDayReceiver(timeline.get());
+    TimelineWorkspace& timelineWorkspace = *timeline;
+    PlacesWorkspace& placesWorkspace = *places;
     window.addWorkspace(std::move(editor));
     window.addWorkspace(std::move(timeline));
+    window.addWorkspace(std::move(places));
 
     window.openFiles(options.files);
+    ScreenshotExplorer explorer(placesWorkspace, options.explorePlace);
+    if (options.screenshotPath && options.explorePlace) {
+        // The history is read first; the explorer then looks through all of it.
+        while (window.isBusy()) {
+            QApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 50);
+        }
+        timelineWorkspace.model().explorePlaces(explorer);
+    }
     if (options.screenshotPath) {
         if (options.files.isEmpty()) {
             for (Workspace* workspace : window.workspaces()) {

@@ -7,6 +7,7 @@
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
 #include "core/base/file_io.h"
+#include "core/base/time_zones.h"
 #include "core/timeline/timeline_session.h"
 
 #include <cstdlib>

@@ -3,6 +3,7 @@
 // round trip unchanged and export its days as GPX.
 
 #include "core/base/gpx_error.h"
+#include "core/base/time_zones.h"
 #include "core/timeline/timeline_session.h"
 
 #include <algorithm>

@@ -1,27 +1,18 @@
 #pragma once
 
-// Spherical (web) Mercator on the unit square: x grows eastwards from 0 at
-// longitude −180° to 1 at +180°, y grows southwards from 0 at the northern
-// projection limit to 1 at the southern one. It is the square the heat cells are
-// binned on, so the map's projected units need no conversion for them.
+// The map's positions on the web Mercator unit square (see
+// core/base/web_mercator.h). It is the square the heat cells are binned on, so
+// the map's projected units need no conversion for them.
 
+#include "core/base/web_mercator.h"
 #include "core/track/track_model.h"
 
 #include <algorithm>
 
 namespace trackloom {
 
-/// The latitude at which the projected world becomes square.
-inline constexpr double mercatorLatitudeLimit = 85.05112878;
-/// Equator length of the sphere the tile servers project on, in metres.
-inline constexpr double mercatorEquator = 40075016.685578488;
-
-struct MapPoint {
-    double x = 0;
-    double y = 0;
-
-    friend bool operator==(const MapPoint&, const MapPoint&) = default;
-};
+/// A position on the unit square, as the heat cells have it too.
+using MapPoint = MercatorPoint;
 
 /// An axis-aligned rectangle on the unit square (min inclusive, max inclusive).
 struct MapRect {

@@ -1,7 +1,8 @@
 #include "app/shell/date_texts.h"
 
-#include "core/places/zoned_calendar.h"
+#include "core/base/zoned_calendar.h"
 
+#include <QHash>
 #include <cmath>
 #include <limits>
 #include <unicode/dtptngen.h>
@@ -78,6 +79,16 @@ QString DateTemplate::format(Instant instant, const date::time_zone& zone) const
     icu::UnicodeString text;
     m_format->format.format(wallClock, text);
     return qtString(text);
+}
+
+QString formatDate(Instant instant, const date::time_zone& zone, const char* skeleton) {
+    thread_local QHash<QString, std::shared_ptr<DateTemplate>> templates;
+    const QLocale locale;
+    auto& found = templates[locale.name() + QLatin1Char('|') + QLatin1String(skeleton)];
+    if (!found) {
+        found = std::make_shared<DateTemplate>(QString::fromLatin1(skeleton), locale);
+    }
+    return found->format(instant, zone);
 }
 
 } // namespace trackloom

@@ -34,4 +34,8 @@ class DateTemplate {
     std::unique_ptr<Formatter> m_format;
 };
 
+/// `instant` in `zone` with the current default locale's pattern for `skeleton`.
+/// Templates are kept per thread, so calling this for every row is cheap.
+QString formatDate(Instant instant, const date::time_zone& zone, const char* skeleton);
+
 } // namespace trackloom

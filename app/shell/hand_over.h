@@ -39,6 +39,8 @@ struct PlaceScope {
     std::optional<DateInterval> interval;
     QString title;
     const date::time_zone* zone = nullptr;
+    /// The history file the points came from; nothing is ever written over it.
+    std::optional<QString> sourcePath;
 };
 
 class PlaceScopeReceiver {

@@ -38,7 +38,11 @@ std::variant<LaunchOptions, LaunchExit> parseLaunchOptions(const QStringList& ar
         tr("DATEI.png"));
     const QCommandLineOption size("size", tr("Fenstergröße für --screenshot, etwa 1280x800."),
                                   tr("BxH"));
-    parser.addOptions({help, version, screenshot, size});
+    const QCommandLineOption explore(
+        "explore",
+        tr("Mit --screenshot einer Datei: den Ort im Ort-Explorer zeigen, etwa \"50.7, 7.1\"."),
+        tr("BREITE, LÄNGE"));
+    parser.addOptions({help, version, screenshot, size, explore});
     parser.addPositionalArgument(tr("DATEI"), tr("Zu öffnende Dateien."), tr("[DATEI …]"));
     if (!parser.parse(arguments)) {
         return LaunchExit{parser.errorText(), 1};
@@ -63,6 +67,15 @@ std::variant<LaunchOptions, LaunchExit> parseLaunchOptions(const QStringList& ar
                 1};
         }
         options.screenshotSize = *parsed;
+    }
+    if (parser.isSet(explore)) {
+        if (!options.screenshotPath || options.files.isEmpty()) {
+            return LaunchExit{tr("--explore braucht --screenshot und eine Datei."), 1};
+        }
+        options.explorePlace = PlaceAnalysis::coordinate(parser.value(explore).toStdString());
+        if (!options.explorePlace) {
+            return LaunchExit{tr("Bitte gültige Koordinaten eingeben."), 2};
+        }
     }
     return options;
 }

@@ -4,6 +4,8 @@
 // lays the window out offscreen, writes a PNG and exits (for newcomers and CI
 // without a display).
 
+#include "core/places/place_analysis.h"
+
 #include <QSize>
 #include <QString>
 #include <QStringList>
@@ -16,9 +18,12 @@ struct LaunchOptions {
     QStringList files;
     std::optional<QString> screenshotPath;
     QSize screenshotSize{1280, 800};
+    /// With a screenshot of a history: the place to show in the place explorer.
+    std::optional<PlaceCoordinate> explorePlace;
 };
 
-/// A usage error: the text to print and the exit status (0 for --help and --version).
+/// A usage error: the text to print and the exit status (0 for --help and --version,
+/// 2 for a value that cannot be used).
 struct LaunchExit {
     QString text;
     int status = 1;

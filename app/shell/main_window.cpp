@@ -83,13 +83,24 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
             [this, workspace] { workspaceStateChanged(workspace); });
     connect(workspace, &Workspace::activationRequested, this,
             [this, workspace] { activateWorkspace(workspace); });
-    if (!m_active) {
+    if (!m_active && workspace->isAvailable()) {
         activateWorkspace(workspace);
     }
+    showAvailability();
+}
+
+void MainWindow::showAvailability() {
+    for (std::size_t i = 0; i < m_workspaces.size(); ++i) {
+        QListWidgetItem* item = m_sidebar->item(static_cast<int>(i));
+        const Qt::ItemFlags flags = item->flags();
+        item->setFlags(m_workspaces[i]->isAvailable() ? flags | Qt::ItemIsEnabled
+                                                      : flags & ~Qt::ItemIsEnabled);
+    }
+    m_menus->updateAvailability();
 }
 
 void MainWindow::activateWorkspace(Workspace* workspace) {
-    if (workspace == m_active) {
+    if (workspace == m_active || !workspace->isAvailable()) {
         return;
     }
     m_active = workspace;
@@ -104,6 +115,7 @@ void MainWindow::workspaceStateChanged(Workspace* workspace) {
     if (workspace == m_active) {
         m_menus->updateUndoRedo();
     }
+    showAvailability();
     updateTitle();
 }
 

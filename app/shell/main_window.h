@@ -54,6 +54,7 @@ class MainWindow : public QMainWindow {
     void showSettings();
     void showAbout();
     void workspaceStateChanged(Workspace* workspace);
+    void showAvailability();
     void updateTitle();
 
     AppSettings& m_settings;

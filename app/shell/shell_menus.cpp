@@ -98,6 +98,7 @@ void ShellMenus::setWorkspaces(const std::vector<Workspace*>& workspaces) {
         entry->deleteLater();
     }
     m_workspaceEntries.clear();
+    m_workspaces.assign(workspaces.begin(), workspaces.end());
     for (std::size_t i = 0; i < workspaces.size(); ++i) {
         auto* entry = new QAction(workspaces[i]->title(), this);
         if (i < 9) {
@@ -107,6 +108,13 @@ void ShellMenus::setWorkspaces(const std::vector<Workspace*>& workspaces) {
                 [this, i] { emit workspaceChosen(static_cast<int>(i)); });
         windowMenu->insertAction(m_sectionEnds[ShellMenu::window], entry);
         m_workspaceEntries.push_back(entry);
+    }
+    updateAvailability();
+}
+
+void ShellMenus::updateAvailability() {
+    for (std::size_t i = 0; i < m_workspaceEntries.size() && i < m_workspaces.size(); ++i) {
+        m_workspaceEntries[i]->setEnabled(m_workspaces[i] && m_workspaces[i]->isAvailable());
     }
 }
 

@@ -34,6 +34,8 @@ class ShellMenus : public QObject {
     void setActiveWorkspace(Workspace* workspace);
     /// Re-reads whether undo and redo are possible.
     void updateUndoRedo();
+    /// Enables the "Fenster" entries of the workspaces that have something to show.
+    void updateAvailability();
 
   signals:
     void openRequested();
@@ -53,6 +55,7 @@ class ShellMenus : public QObject {
     std::map<ShellMenu, QAction*> m_sectionEnds;
     std::vector<QAction*> m_shownCommands;
     std::vector<QAction*> m_workspaceEntries;
+    std::vector<QPointer<Workspace>> m_workspaces;
     QPointer<Workspace> m_active;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;

@@ -6,7 +6,7 @@
 // reading in a UTC carrier and the zone arithmetic stays with ZonedCalendar.
 
 #include "core/base/instant.h"
-#include "core/places/zoned_calendar.h"
+#include "core/base/zoned_calendar.h"
 
 #include <QDateTime>
 #include <cmath>

@@ -64,9 +64,12 @@ class Workspace : public QObject {
     virtual std::optional<UnsavedWork> unsavedWork() const = 0;
     /// A file is being read or written in the background.
     virtual bool isBusy() const { return false; }
+    /// Whether the workspace has anything to show; the shell disables the
+    /// entries of one that has not (it tells through `stateChanged`).
+    virtual bool isAvailable() const { return true; }
 
   signals:
-    /// Undo, redo, unsaved work, busy state or the title changed.
+    /// Undo, redo, unsaved work, busy state, availability or the title changed.
     void stateChanged();
     /// The workspace wants to be in front (another one handed it work).
     void activationRequested();

@@ -2,6 +2,8 @@
 
 #include "app/timeline/timeline_model.h"
 
+#include "core/base/time_zones.h"
+
 #include <QLocale>
 #include <cmath>
 

@@ -1,10 +1,10 @@
 // Exports, working copies and the hand-overs to the other workspaces. Nothing
 // here ever writes over a file the user opened.
 
+#include "app/shell/file_names.h"
 #include "app/shell/file_paths.h"
 #include "app/timeline/timeline_model.h"
 #include "core/base/file_io.h"
-#include "core/base/original_file_protection.h"
 
 #include <QCoreApplication>
 #include <QFileInfo>
@@ -23,25 +23,16 @@ QStringList workingCopyFilters() {
 
 } // namespace
 
-std::optional<QString> TimelineModel::protectionError(const QString& destination) const {
-    for (const auto& opened : m_protectedURLs) {
-        try {
-            OriginalFileProtection::checkExport(localPath(destination), localPath(opened));
-        } catch (const GPXError& error) {
-            return QString::fromStdString(error.message());
-        }
-    }
-    return std::nullopt;
-}
-
 std::optional<QString> TimelineModel::chooseDestination(const QString& title,
                                                         const QString& suggestedName,
                                                         const QStringList& filters) {
-    const auto destination = m_dialogs.fileToSave(title, suggestedName, filters);
+    // The dialog refuses the opened files before it asks about replacing
+    // anything; the check here is the last line of defence.
+    const auto destination = m_dialogs.fileToSave(title, suggestedName, filters, m_protectedURLs);
     if (!destination) {
         return std::nullopt;
     }
-    if (const auto refusal = protectionError(*destination)) {
+    if (const auto refusal = protectedDestinationRefusal(*destination, m_protectedURLs)) {
         setError(*refusal);
         return std::nullopt;
     }
@@ -192,7 +183,7 @@ void TimelineModel::explorePlaces(PlaceScopeReceiver& receiver) {
         [this, &receiver, interval = scopeInterval(),
          title = scopeTitle()](std::shared_ptr<const std::vector<TimelinePoint>> points) {
             setStatus(tr("Ortssuche geöffnet: ") + title);
-            receiver.explore({std::move(points), interval, title, m_zone});
+            receiver.explore({std::move(points), interval, title, m_zone, m_sourceURL});
         },
         [this](const QString& message) { setError(message); });
 }

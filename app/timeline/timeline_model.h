@@ -212,7 +212,6 @@ class TimelineModel : public QObject {
     template <typename Edit> void recordEdit(const QString& name, const QString& done, Edit&& edit);
     void afterHistoryStep(const std::set<Instant>& days, const QString& done);
     std::optional<TimelinePoint> selectedPoint() const;
-    std::optional<QString> protectionError(const QString& destination) const;
     std::optional<QString> chooseDestination(const QString& title, const QString& suggestedName,
                                              const QStringList& filters);
     void writeInBackground(std::function<std::string()> bytes, const QString& destination,

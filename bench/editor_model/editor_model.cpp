@@ -14,6 +14,7 @@
 #include "bench/support/event_loop_probe.h"
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
+#include "bench/support/no_dialogs.h"
 #include "core/base/file_io.h"
 
 #include <QApplication>
@@ -23,20 +24,6 @@
 
 using namespace trackloom;
 
-namespace {
-
-struct NoDialogs : UserDialogs {
-    std::optional<QString> fileToOpen(const QString&, const QStringList&) override { return {}; }
-    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&,
-                                      const QStringList&) override {
-        return {};
-    }
-    bool confirm(const Confirmation&) override { return true; }
-    void inform(const QString&, const QString&) override {}
-};
-
-} // namespace
-
 int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
@@ -45,7 +32,7 @@ int main(int argc, char** argv) {
     const auto bytes = readFileBytes(path);
     QTemporaryDir folder;
     QSettings settings(folder.filePath("settings.ini"), QSettings::IniFormat);
-    NoDialogs dialogs;
+    bench::NoDialogs dialogs;
     constexpr int repetitions = 3;
 
     // Read on another thread, as the editor does, so that the main thread's

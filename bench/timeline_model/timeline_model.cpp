@@ -9,6 +9,7 @@
 #include "bench/support/event_loop_probe.h"
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
+#include "bench/support/no_dialogs.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -16,19 +17,6 @@
 #include <future>
 
 using namespace trackloom;
-
-namespace {
-
-struct NoDialogs : UserDialogs {
-    std::optional<QString> fileToOpen(const QString&, const QStringList&) override { return {}; }
-    std::optional<QString> fileToSave(const QString&, const QString&, const QStringList&) override {
-        return {};
-    }
-    bool confirm(const Confirmation&) override { return true; }
-    void inform(const QString&, const QString&) override {}
-};
-
-} // namespace
 
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
@@ -38,7 +26,7 @@ int main(int argc, char** argv) {
     const auto* tokyo = date::locate_zone("Asia/Tokyo");
     constexpr int repetitions = 3;
 
-    NoDialogs dialogs;
+    bench::NoDialogs dialogs;
     TimelineModel model(dialogs, *berlin);
     const auto busy = [&] { return model.busy(); };
     std::vector<double> opens, openPauses;

@@ -1,33 +1,11 @@
 #include "core/editing/gpx_elements.h"
 
+#include "core/base/text_trimming.h"
+
 #include <charconv>
 
 namespace trackloom {
 namespace {
-
-bool isBlank(char32_t c) {
-    return c == ' ' || (c >= 0x09 && c <= 0x0d) || c == 0x85 || c == 0xa0 || c == 0x1680 ||
-           (c >= 0x2000 && c <= 0x200a) || c == 0x2028 || c == 0x2029 || c == 0x202f ||
-           c == 0x205f || c == 0x3000;
-}
-
-/// The code point starting at `position` and its length in bytes; a byte that does
-/// not start a valid sequence counts as a non-blank character of its own.
-std::pair<char32_t, std::size_t> codePointAt(std::string_view text, std::size_t position) {
-    const auto lead = static_cast<unsigned char>(text[position]);
-    if (lead < 0x80) {
-        return {lead, 1};
-    }
-    const std::size_t length = lead >= 0xf0 ? 4 : lead >= 0xe0 ? 3 : 2;
-    if (lead < 0xc0 || lead >= 0xf8 || position + length > text.size()) {
-        return {0xfffd, 1};
-    }
-    char32_t value = lead & (0x7f >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        value = (value << 6) | (static_cast<unsigned char>(text[position + i]) & 0x3f);
-    }
-    return {value, length};
-}
 
 std::string coordinateText(double value) {
     char buffer[32];
@@ -47,19 +25,7 @@ void removeChildrenWithout(xml::Element parent, std::string_view name, std::stri
 } // namespace
 
 std::string trimmedName(std::string_view text) {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-    for (std::size_t position = 0; position < text.size();) {
-        const auto [character, length] = codePointAt(text, position);
-        position += length;
-        if (!isBlank(character)) {
-            if (end == 0) {
-                begin = position - length;
-            }
-            end = position;
-        }
-    }
-    return std::string(text.substr(begin, end - begin));
+    return std::string(trimmedWhitespace(text));
 }
 
 void setNameChild(xml::Document& document, xml::Element element, std::string_view namespaceURI,

@@ -1,20 +1,17 @@
 #include "core/places/heat_cells.h"
 
 #include "core/base/cancellation.h"
+#include "core/base/web_mercator.h"
 
 #include <algorithm>
 #include <cmath>
-#include <numbers>
 #include <unordered_map>
 
 namespace trackloom {
 
 HeatSample HeatSample::projecting(PlaceCoordinate coordinate) {
-    constexpr double latitudeLimit = 85.05112878;
-    constexpr double pi = std::numbers::pi;
-    const double latitude = std::clamp(coordinate.latitude, -latitudeLimit, latitudeLimit);
-    const double y = (1 - std::log(std::tan(pi / 4 + latitude * pi / 360)) / pi) / 2;
-    return HeatSample{(coordinate.longitude + 180) / 360, std::clamp(y, 0.0, 1.0)};
+    const auto point = mercatorProjected(coordinate.latitude, coordinate.longitude);
+    return HeatSample{point.x, point.y};
 }
 
 namespace PlaceAnalysis {

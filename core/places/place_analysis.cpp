@@ -1,7 +1,7 @@
 #include "core/places/place_analysis.h"
 
 #include "core/base/cancellation.h"
-#include "core/timeline/text_trimming.h"
+#include "core/base/text_trimming.h"
 #include "core/track/number_parsing.h"
 
 #include <algorithm>

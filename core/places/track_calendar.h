@@ -5,7 +5,7 @@
 // shows the same days on any machine. A day is the instant at which it starts.
 
 #include "core/base/instant.h"
-#include "core/places/zoned_calendar.h"
+#include "core/base/zoned_calendar.h"
 
 #include <cstdint>
 #include <map>

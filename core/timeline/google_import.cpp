@@ -2,7 +2,7 @@
 
 #include "core/base/cancellation.h"
 #include "core/base/localization.h"
-#include "core/timeline/text_trimming.h"
+#include "core/base/text_trimming.h"
 #include "core/track/number_parsing.h"
 #include "core/track/track_time.h"
 

@@ -1,24 +1,11 @@
 #include "core/timeline/timeline_calendar.h"
 
-#include <cmath>
 #include <cstdio>
-#include <cstdlib>
 
 namespace trackloom {
 namespace {
 
 constexpr std::int64_t secondsPerDay = 86400;
-// About the year 30,000 either way: far beyond every valid point, and well
-// inside what the date library's year type can express.
-constexpr double largestCalendarSecond = 9e11;
-
-std::optional<std::int64_t> wholeUnixSeconds(Instant instant) {
-    const double seconds = instant.unixSeconds();
-    if (!std::isfinite(seconds) || std::abs(seconds) > largestCalendarSecond) {
-        return std::nullopt;
-    }
-    return static_cast<std::int64_t>(std::floor(seconds));
-}
 
 std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
     const auto quotient = value / divisor;
@@ -27,65 +14,46 @@ std::int64_t floorDivide(std::int64_t value, std::int64_t divisor) {
 
 } // namespace
 
-const date::time_zone* findTimeZone(std::string_view name) {
-    try {
-        return date::locate_zone(name);
-    } catch (const std::exception&) {
-        return nullptr;
-    }
-}
+TimelineCalendar::TimelineCalendar(const date::time_zone* zone) : m_calendar(*zone) {}
 
-const date::time_zone* systemTimeZone() {
-    if (const char* variable = std::getenv("TZ"); variable != nullptr && *variable != '\0') {
-        std::string_view name(variable);
-        if (name.front() == ':') {
-            name.remove_prefix(1);
-        }
-        if (const auto* zone = findTimeZone(name)) {
-            return zone;
-        }
-    }
-    try {
-        return date::current_zone();
-    } catch (const std::exception&) {
-        return date::locate_zone("UTC");
-    }
-}
+TimelineCalendar::TimelineCalendar(const ZonedCalendar& calendar) : m_calendar(calendar) {}
 
-TimelineCalendar::TimelineCalendar(const date::time_zone* zone) : m_zone(zone) {}
-
-std::int64_t TimelineCalendar::localDayNumber(std::int64_t unixSeconds) const {
-    const date::sys_seconds moment{std::chrono::seconds(unixSeconds)};
+std::int64_t TimelineCalendar::localDayNumber(date::sys_seconds moment) const {
     if (!m_hasPeriod || moment < m_period.begin || moment >= m_period.end) {
-        m_period = m_zone->get_info(moment);
+        m_period = m_calendar.zone().get_info(moment);
         m_hasPeriod = true;
     }
-    return floorDivide(unixSeconds + m_period.offset.count(), secondsPerDay);
+    return floorDivide(moment.time_since_epoch().count() + m_period.offset.count(), secondsPerDay);
 }
 
-Instant TimelineCalendar::startOfLocalDay(std::int64_t dayNumber) const {
-    if (!m_hasCachedDay || m_cachedDay != dayNumber) {
-        const date::local_days midnight{date::days(dayNumber)};
-        const date::sys_seconds midnightAtOffset{midnight.time_since_epoch() - m_period.offset};
-        // Inside one offset period the clock runs without jumps, so midnight read
-        // with that offset is the day's first instant, unless a clock turned back
-        // shortly before showed that midnight already (no change turns a clock
-        // back by two days). Only days near a clock change need the zone's rules.
-        const bool insidePeriod = m_hasPeriod &&
-                                  m_period.begin + date::days(2) < midnightAtOffset &&
-                                  midnightAtOffset < m_period.end;
-        const auto start =
-            insidePeriod ? midnightAtOffset : m_zone->to_sys(midnight, date::choose::earliest);
+std::optional<Instant> TimelineCalendar::startOfLocalDay(std::int64_t dayNumber) const {
+    if (m_hasCachedDay && m_cachedDay == dayNumber) {
+        return m_cachedDayStart;
+    }
+    const date::local_days midnight{date::days(dayNumber)};
+    if (!ZonedCalendar::holds(midnight)) {
+        return std::nullopt;
+    }
+    const date::sys_seconds midnightAtOffset{midnight.time_since_epoch() - m_period.offset};
+    // Inside one offset period the clock runs without jumps, so midnight read
+    // with that offset is the day's first instant, unless a clock turned back
+    // shortly before showed that midnight already (no change turns a clock
+    // back by two days). Only days near a clock change need the zone's rules.
+    const bool insidePeriod = m_hasPeriod && m_period.begin + date::days(2) < midnightAtOffset &&
+                              midnightAtOffset < m_period.end;
+    const auto start = insidePeriod ? Instant::fromUnixSeconds(static_cast<double>(
+                                          midnightAtOffset.time_since_epoch().count()))
+                                    : m_calendar.start(midnight);
+    if (start) {
         m_cachedDay = dayNumber;
-        m_cachedDayStart =
-            Instant::fromUnixSeconds(static_cast<double>(start.time_since_epoch().count()));
+        m_cachedDayStart = *start;
         m_hasCachedDay = true;
     }
-    return m_cachedDayStart;
+    return start;
 }
 
 std::optional<Instant> TimelineCalendar::startOfDay(Instant instant) const {
-    const auto seconds = wholeUnixSeconds(instant);
+    const auto seconds = ZonedCalendar::wholeSeconds(instant);
     if (!seconds) {
         return std::nullopt;
     }
@@ -93,12 +61,12 @@ std::optional<Instant> TimelineCalendar::startOfDay(Instant instant) const {
 }
 
 std::optional<Instant> TimelineCalendar::startOfNextDay(Instant dayStart) const {
-    const auto seconds = wholeUnixSeconds(dayStart);
+    const auto seconds = ZonedCalendar::wholeSeconds(dayStart);
     if (!seconds) {
         return std::nullopt;
     }
     const auto next = startOfLocalDay(localDayNumber(*seconds) + 1);
-    if (!wholeUnixSeconds(next)) {
+    if (!next || !ZonedCalendar::wholeSeconds(*next)) {
         return std::nullopt;
     }
     return next;
@@ -122,7 +90,7 @@ std::optional<Instant> TimelineCalendar::startOfDate(int year, unsigned month, u
 }
 
 std::string TimelineCalendar::dateText(Instant instant) const {
-    const auto seconds = wholeUnixSeconds(instant);
+    const auto seconds = ZonedCalendar::wholeSeconds(instant);
     if (!seconds) {
         return {};
     }

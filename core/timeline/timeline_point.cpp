@@ -1,7 +1,7 @@
 #include "core/timeline/timeline_point.h"
 
 #include "core/base/localization.h"
-#include "core/timeline/timeline_calendar.h"
+#include "core/base/time_zones.h"
 
 #include <cmath>
 

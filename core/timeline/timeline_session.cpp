@@ -1,7 +1,7 @@
 #include "core/timeline/timeline_session.h"
 
 #include "core/base/gpx_error.h"
-#include "core/timeline/text_trimming.h"
+#include "core/base/text_trimming.h"
 
 #include <algorithm>
 

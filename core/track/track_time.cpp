@@ -1,5 +1,7 @@
 #include "core/track/track_time.h"
 
+#include "core/base/text_trimming.h"
+
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -10,56 +12,6 @@ namespace {
 
 bool isDigit(char c) {
     return c >= '0' && c <= '9';
-}
-
-/// Length of a Unicode white space or line break at the start of `text`, 0 if none.
-std::size_t blankLengthAtStart(std::string_view text) {
-    const auto c = static_cast<unsigned char>(text[0]);
-    if (c == ' ' || (c >= 0x09 && c <= 0x0d)) {
-        return 1;
-    }
-    const auto is = [&](std::string_view sequence) { return text.starts_with(sequence); };
-    if (is("\xc2\x85") || is("\xc2\xa0")) {
-        return 2;
-    }
-    if (is("\xe1\x9a\x80") || is("\xe2\x80\xa8") || is("\xe2\x80\xa9") || is("\xe2\x80\xaf") ||
-        is("\xe2\x81\x9f") || is("\xe3\x80\x80")) {
-        return 3;
-    }
-    if (text.size() >= 3 && c == 0xe2 && static_cast<unsigned char>(text[1]) == 0x80 &&
-        static_cast<unsigned char>(text[2]) <= 0x8a) {
-        return 3;
-    }
-    return 0;
-}
-
-/// Length of a white space or line break ending `text`, 0 if none.
-std::size_t blankLengthAtEnd(std::string_view text) {
-    for (std::size_t length = 1; length <= 3 && length <= text.size(); ++length) {
-        const auto tail = text.substr(text.size() - length);
-        if (blankLengthAtStart(tail) == length) {
-            return length;
-        }
-    }
-    return 0;
-}
-
-std::string_view trimmedBlanks(std::string_view text) {
-    while (!text.empty()) {
-        const auto length = blankLengthAtStart(text);
-        if (length == 0) {
-            break;
-        }
-        text.remove_prefix(length);
-    }
-    while (!text.empty()) {
-        const auto length = blankLengthAtEnd(text);
-        if (length == 0) {
-            break;
-        }
-        text.remove_suffix(length);
-    }
-    return text;
 }
 
 int digitsValue(std::string_view text, std::size_t position, std::size_t count) {
@@ -88,7 +40,7 @@ bool matchesDateTimeShape(std::string_view text) {
 } // namespace
 
 std::optional<Instant> parseTrackTime(std::string_view input) {
-    const auto text = trimmedBlanks(input);
+    const auto text = trimmedWhitespace(input);
     if (!matchesDateTimeShape(text)) {
         return std::nullopt;
     }

@@ -3,7 +3,7 @@
 #include "core/base/file_io.h"
 #include "core/base/json_writer.h"
 #include "core/base/original_file_protection.h"
-#include "core/timeline/timeline_calendar.h"
+#include "core/base/time_zones.h"
 #include "core/track/track_time.h"
 
 #include <filesystem>

@@ -5,6 +5,7 @@
 #include "core/base/gpx_error.h"
 #include "core/base/json_writer.h"
 #include "core/base/original_file_protection.h"
+#include "core/base/time_zones.h"
 #include "core/timeline/timeline_session.h"
 #include "core/track/track_time.h"
 #include "tools/cli/cli_support.h"

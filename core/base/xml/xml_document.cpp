@@ -4,10 +4,21 @@
 #include "core/base/xml/xml_layout.h"
 
 #include <libxml/tree.h>
+#include <new>
 
 namespace trackloom::xml {
 
+void FreeText::operator()(xmlChar* text) const {
+    xmlFree(text);
+}
+
+void FreeNode::operator()(xmlNode* node) const {
+    xmlFreeNode(node);
+}
+
 void Document::Free::operator()(_xmlDoc* doc) const {
+    // The layout owns the document's unlinked nodes, whose names may live in the
+    // document's dictionary: they go first.
     detail::releaseLayout(doc);
     xmlFreeDoc(doc);
 }
@@ -29,10 +40,8 @@ std::optional<Element> Document::root() const {
 }
 
 void Document::setEncoding(std::string_view encoding) {
-    if (m_doc->encoding != nullptr) {
-        xmlFree(const_cast<xmlChar*>(m_doc->encoding));
-    }
     const std::string text(encoding);
+    const OwnedText previous(const_cast<xmlChar*>(m_doc->encoding));
     m_doc->encoding = xmlStrdup(reinterpret_cast<const xmlChar*>(text.c_str()));
 }
 
@@ -44,20 +53,24 @@ Element Document::createElement(std::string_view localName, std::string_view nam
                                 std::string_view prefix, Element scope) {
     const std::string name(localName);
     const std::string uri(namespaceURI);
-    xmlNodePtr node = xmlNewDocNode(m_doc.get(), nullptr,
-                                    reinterpret_cast<const xmlChar*>(name.c_str()), nullptr);
+    OwnedNode node(xmlNewDocNode(m_doc.get(), nullptr,
+                                 reinterpret_cast<const xmlChar*>(name.c_str()), nullptr));
+    if (!node) {
+        throw std::bad_alloc();
+    }
     if (!uri.empty()) {
         xmlNsPtr ns = xmlSearchNsByHref(m_doc.get(), scope.node(),
                                         reinterpret_cast<const xmlChar*>(uri.c_str()));
         if (ns == nullptr) {
             const std::string declared(prefix);
-            ns = xmlNewNs(node, reinterpret_cast<const xmlChar*>(uri.c_str()),
+            ns = xmlNewNs(node.get(), reinterpret_cast<const xmlChar*>(uri.c_str()),
                           declared.empty() ? nullptr
                                            : reinterpret_cast<const xmlChar*>(declared.c_str()));
         }
-        xmlSetNs(node, ns);
+        xmlSetNs(node.get(), ns);
     }
-    return Element(node);
+    detail::keepUnlinked(node.get());
+    return Element(node.release());
 }
 
 } // namespace trackloom::xml

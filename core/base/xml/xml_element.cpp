@@ -1,8 +1,10 @@
 #include "core/base/xml/xml_document.h"
+#include "core/base/xml/xml_internal.h"
 #include "core/base/xml/xml_layout.h"
 
 #include <cstring>
 #include <libxml/tree.h>
+#include <new>
 
 namespace trackloom::xml {
 namespace {
@@ -40,6 +42,16 @@ std::optional<Element> firstMatchFrom(xmlNode* node, std::string_view localName,
     return std::nullopt;
 }
 
+/// Links `node` by `link` (a libxml2 call that returns null when it refuses).
+/// The tree owns what it holds, so a linked node leaves its document's unlinked
+/// nodes; one that stayed outside keeps its owner.
+template <typename Link> void linkOwned(xmlNode* node, Link link) {
+    xmlDoc* home = node->doc;
+    if (link() != nullptr) {
+        detail::forgetUnlinked(home, node);
+    }
+}
+
 } // namespace
 
 std::string_view Element::localName() const {
@@ -74,9 +86,8 @@ std::optional<std::string_view> Element::attribute(std::string_view name,
         if (only->next == nullptr && only->type == XML_TEXT_NODE) {
             return view(only->content);
         }
-        xmlChar* value = xmlNodeListGetString(m_node->doc, attribute->children, 1);
-        storage.assign(view(value));
-        xmlFree(value);
+        const OwnedText value(xmlNodeListGetString(m_node->doc, attribute->children, 1));
+        storage.assign(view(value.get()));
         return std::string_view(storage);
     }
     return std::nullopt;
@@ -94,9 +105,8 @@ std::string_view Element::text(std::string& storage) const {
         (only->type == XML_TEXT_NODE || only->type == XML_CDATA_SECTION_NODE)) {
         return view(only->content);
     }
-    xmlChar* content = xmlNodeGetContent(m_node);
-    storage.assign(view(content));
-    xmlFree(content);
+    const OwnedText content(xmlNodeGetContent(m_node));
+    storage.assign(view(content.get()));
     return storage;
 }
 
@@ -140,10 +150,9 @@ std::optional<Element> Element::parent() const {
 
 void Element::setText(std::string_view text) {
     const std::string value(text);
-    xmlChar* escaped = xmlEncodeSpecialChars(m_node->doc, asXml(value));
+    const OwnedText escaped(xmlEncodeSpecialChars(m_node->doc, asXml(value)));
     detail::markDirty(m_node);
-    xmlNodeSetContent(m_node, escaped);
-    xmlFree(escaped);
+    xmlNodeSetContent(m_node, escaped.get());
 }
 
 void Element::setAttribute(std::string_view name, std::string_view value) {
@@ -161,12 +170,18 @@ void Element::setLocalName(std::string_view localName) {
 
 void Element::remove() {
     detail::markDirty(m_node->parent);
+    detail::forgetUnlinked(m_node->doc, m_node);
     xmlUnlinkNode(m_node);
-    xmlFreeNode(m_node);
+    const OwnedNode removed(m_node);
     m_node = nullptr;
 }
 
 void Element::detach() {
+    if (m_node->parent == nullptr) {
+        return; // Unlinked already, and owned by its document since.
+    }
+    // Owned before it leaves the tree, so that no failure can drop it in between.
+    detail::keepUnlinked(m_node);
     detail::markDirty(m_node->parent);
     xmlUnlinkNode(m_node);
 }
@@ -174,35 +189,38 @@ void Element::detach() {
 void Element::appendChild(Element child) {
     detail::markDirty(child.m_node->parent);
     detail::markDirty(m_node);
-    xmlAddChild(m_node, child.m_node);
+    linkOwned(child.m_node, [&] { return xmlAddChild(m_node, child.m_node); });
 }
 
 void Element::prependChild(Element child) {
     detail::markDirty(child.m_node->parent);
     detail::markDirty(m_node);
-    if (m_node->children == nullptr) {
-        xmlAddChild(m_node, child.m_node);
-    } else {
-        xmlAddPrevSibling(m_node->children, child.m_node);
-    }
+    linkOwned(child.m_node, [&] {
+        return m_node->children == nullptr ? xmlAddChild(m_node, child.m_node)
+                                           : xmlAddPrevSibling(m_node->children, child.m_node);
+    });
 }
 
 void Element::insertBefore(Element sibling) {
     detail::markDirty(sibling.m_node->parent);
     detail::markDirty(m_node->parent);
-    xmlAddPrevSibling(m_node, sibling.m_node);
+    linkOwned(sibling.m_node, [&] { return xmlAddPrevSibling(m_node, sibling.m_node); });
 }
 
 void Element::insertAfter(Element sibling) {
     detail::markDirty(sibling.m_node->parent);
     detail::markDirty(m_node->parent);
-    xmlAddNextSibling(m_node, sibling.m_node);
+    linkOwned(sibling.m_node, [&] { return xmlAddNextSibling(m_node, sibling.m_node); });
 }
 
 Element Element::copyInto(Document& document) const {
-    xmlNodePtr copy = xmlDocCopyNode(m_node, document.m_doc.get(), 1);
-    detail::copySpans(m_node, copy);
-    return Element(copy);
+    OwnedNode copy(xmlDocCopyNode(m_node, document.m_doc.get(), 1));
+    if (!copy) {
+        throw std::bad_alloc();
+    }
+    detail::copySpans(m_node, copy.get());
+    detail::keepUnlinked(copy.get());
+    return Element(copy.release());
 }
 
 } // namespace trackloom::xml

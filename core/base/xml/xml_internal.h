@@ -2,13 +2,27 @@
 
 // Shared by the XML layer's own sources (and the benchmark's libxml2 baseline).
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 
 struct _xmlDoc;
+struct _xmlNode;
 
 namespace trackloom::xml {
+
+/// A string libxml2 allocated for us (its `xmlChar` is `unsigned char`).
+struct FreeText {
+    void operator()(unsigned char* text) const;
+};
+using OwnedText = std::unique_ptr<unsigned char, FreeText>;
+
+/// A node with its subtree, not linked into any tree.
+struct FreeNode {
+    void operator()(_xmlNode* node) const;
+};
+using OwnedNode = std::unique_ptr<_xmlNode, FreeNode>;
 
 /// The libxml2 parser options every document is read with.
 int parseOptions();

@@ -294,14 +294,37 @@ Layout* layoutOf(const xmlDoc* doc) {
 
 Layout& ensureLayout(xmlDoc* doc) {
     if (doc->_private == nullptr) {
-        doc->_private = new Layout();
+        doc->_private = std::make_unique<Layout>().release();
     }
     return *layoutOf(doc);
 }
 
 void releaseLayout(xmlDoc* doc) {
-    delete layoutOf(doc);
+    const std::unique_ptr<Layout> layout(layoutOf(doc));
     doc->_private = nullptr;
+}
+
+void Layout::keepUnlinked(xmlNode* node) {
+    if (const auto [entry, inserted] = m_unlinked.try_emplace(node); inserted) {
+        entry->second.reset(node);
+    }
+}
+
+void Layout::forgetUnlinked(xmlNode* node) {
+    if (const auto entry = m_unlinked.find(node); entry != m_unlinked.end()) {
+        static_cast<void>(entry->second.release());
+        m_unlinked.erase(entry);
+    }
+}
+
+void keepUnlinked(xmlNode* node) {
+    ensureLayout(node->doc).keepUnlinked(node);
+}
+
+void forgetUnlinked(xmlDoc* doc, xmlNode* node) {
+    if (auto* layout = layoutOf(doc)) {
+        layout->forgetUnlinked(node);
+    }
 }
 
 void recordLayout(xmlDoc* doc, std::shared_ptr<const std::string> bytes) {

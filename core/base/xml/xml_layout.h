@@ -11,10 +11,13 @@
 // A node without a span (created, or from a document whose layout could not be
 // recorded) is always generated.
 
+#include "core/base/xml/xml_internal.h"
+
 #include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 struct _xmlDoc;
@@ -48,11 +51,21 @@ class Layout {
     /// Keeps a copy of `span` at an address that stays valid as long as the layout.
     Span* store(const Span& span);
 
+    /// Takes ownership of a node of this document that is not (or is about to
+    /// stop being) linked into its tree; nothing happens when it has it already.
+    void keepUnlinked(_xmlNode* node);
+    /// Gives up ownership of `node` without freeing it (it has been linked into
+    /// the tree, or freed by the caller); nothing happens for a node it does not own.
+    void forgetUnlinked(_xmlNode* node);
+
   private:
     static constexpr std::size_t blockSize = 4096;
     std::vector<std::shared_ptr<const std::string>> m_sources;
     std::vector<std::unique_ptr<Span[]>> m_blocks;
     std::size_t m_usedInLastBlock = blockSize;
+    // Created, copied and detached nodes until they are linked. Last, so that
+    // they go before the spans they point to.
+    std::unordered_map<_xmlNode*, OwnedNode> m_unlinked;
 };
 
 /// The span of a node, or null (always null for the document node itself).
@@ -61,8 +74,14 @@ Span* spanOf(const _xmlNode* node);
 Layout* layoutOf(const _xmlDoc* doc);
 /// The document's layout, created when it has none yet.
 Layout& ensureLayout(_xmlDoc* doc);
-/// Frees the layout a document owns (before the document itself is freed).
+/// Frees the layout a document owns, with its unlinked nodes (before the
+/// document itself is freed).
 void releaseLayout(_xmlDoc* doc);
+
+/// Gives the document of `node` ownership of it while it is outside the tree.
+void keepUnlinked(_xmlNode* node);
+/// Ends the ownership `doc` took by `keepUnlinked`, if it did.
+void forgetUnlinked(_xmlDoc* doc, _xmlNode* node);
 
 /// Records the spans of a freshly parsed document from its source `bytes` (the
 /// UTF-8 text it was parsed from). Leaves every node without a span when the

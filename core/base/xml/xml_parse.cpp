@@ -6,6 +6,7 @@
 #include "core/base/xml/xml_internal.h"
 #include "core/base/xml/xml_layout.h"
 
+#include <exception>
 #include <libxml/parser.h>
 #include <libxml/parserInternals.h>
 #include <mutex>
@@ -13,11 +14,11 @@
 namespace trackloom::xml {
 namespace {
 
-xmlParserInputPtr refuseExternalEntity(const char*, const char*, xmlParserCtxtPtr) {
+xmlParserInputPtr refuseExternalEntity(const char*, const char*, xmlParserCtxtPtr) noexcept {
     return nullptr;
 }
 
-void ignoreGenericError(void*, const char*, ...) {}
+void ignoreGenericError(void*, const char*, ...) noexcept {}
 
 void prepareParser() {
     // Encoding problems are reported outside the parser context; they must not
@@ -35,24 +36,34 @@ struct ParseState {
     std::string firstFatal;
     std::string firstError;
     bool documentType = false;
+    // An exception never crosses libxml2's C frames: a callback parks it here,
+    // stops the parser, and `parse` rethrows it once libxml2 has returned.
+    std::exception_ptr failure;
 };
 
 ParseState& stateOf(void* context) {
     return *static_cast<ParseState*>(static_cast<xmlParserCtxtPtr>(context)->_private);
 }
 
-void recordError(void* context, xmlErrorPtr error) {
+void recordError(void* context, xmlErrorPtr error) noexcept {
     if (error == nullptr || error->message == nullptr) {
         return;
     }
     auto& state = stateOf(context);
     auto& slot = error->level == XML_ERR_FATAL ? state.firstFatal : state.firstError;
     if (slot.empty() && error->level >= XML_ERR_ERROR) {
-        slot = trimmed(error->message);
+        try {
+            slot = trimmed(error->message);
+        } catch (...) {
+            if (!state.failure) {
+                state.failure = std::current_exception();
+            }
+            xmlStopParser(static_cast<xmlParserCtxtPtr>(context));
+        }
     }
 }
 
-void stopAtDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar*) {
+void stopAtDocumentType(void* context, const xmlChar*, const xmlChar*, const xmlChar*) noexcept {
     stateOf(context).documentType = true;
     xmlStopParser(static_cast<xmlParserCtxtPtr>(context));
 }
@@ -94,6 +105,9 @@ Document Document::parse(std::string_view bytes) {
     xmlDocPtr doc = xmlCtxtReadMemory(context.get(), text->c_str(), static_cast<int>(text->size()),
                                       nullptr, nullptr, parseOptions());
     Document document(doc);
+    if (state.failure) {
+        std::rethrow_exception(state.failure);
+    }
     if (state.documentType) {
         throw ParseError(ParseError::Kind::documentType, "document type declaration");
     }

@@ -7,6 +7,7 @@
 
 #include <QFileOpenEvent>
 #include <QLabel>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -46,6 +47,8 @@ struct RecordingWorkspace : Workspace {
     void undo() override { ++undos; }
     void redo() override { ++redos; }
     std::optional<UnsavedWork> unsavedWork() const override { return unsaved; }
+    bool available = true;
+    bool isAvailable() const override { return available; }
 };
 
 class MainWindowTest : public testing::ApplicationTest {
@@ -107,6 +110,32 @@ TEST_F(MainWindowTest, CommandsAndUndoFollowTheActiveWorkspace) {
     window->menus().undoAction()->trigger();
     EXPECT_EQ(editor->undos, 1) << "undo never reaches a workspace in the background";
     EXPECT_EQ(timeline->undos, 0);
+}
+
+TEST_F(MainWindowTest, AWorkspaceWithNothingToShowCannotBeChosen) {
+    auto* editor = add("Editor", "gpx");
+    auto* places = add("Orte", "none");
+    places->available = false;
+    emit places->stateChanged();
+    auto* sidebar = window->findChild<QListWidget*>(QStringLiteral("workspaceSidebar"));
+    QAction* entry = nullptr;
+    for (QAction* action : window->menus().menu(ShellMenu::window)->actions()) {
+        if (action->text() == "Orte") {
+            entry = action;
+        }
+    }
+    ASSERT_TRUE(sidebar && entry);
+    EXPECT_FALSE(sidebar->item(1)->flags() & Qt::ItemIsEnabled);
+    EXPECT_FALSE(entry->isEnabled());
+    window->activateWorkspace(places);
+    EXPECT_EQ(window->activeWorkspace(), editor);
+
+    places->available = true;
+    emit places->stateChanged();
+    EXPECT_TRUE(sidebar->item(1)->flags() & Qt::ItemIsEnabled);
+    EXPECT_TRUE(entry->isEnabled());
+    emit places->activationRequested();
+    EXPECT_EQ(window->activeWorkspace(), places);
 }
 
 TEST_F(MainWindowTest, FilesGoToTheWorkspaceThatReadsThem) {

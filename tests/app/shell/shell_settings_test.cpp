@@ -64,6 +64,24 @@ TEST(LaunchOptions, RefusesBadSizesAndUnknownOptions) {
     EXPECT_TRUE(std::get<LaunchExit>(help).text.contains("--screenshot"));
 }
 
+TEST(LaunchOptions, ExploresAPlaceOnlyInAScreenshotOfAFile) {
+    const auto shot = optionsOf({"--screenshot", "x.png", "--explore", " 50.7, 7.1", "h.json"});
+    ASSERT_TRUE(shot.explorePlace);
+    EXPECT_EQ(*shot.explorePlace, (PlaceCoordinate{50.7, 7.1}));
+    EXPECT_FALSE(optionsOf({"--screenshot", "x.png", "h.json"}).explorePlace);
+
+    const auto refused = [](const QStringList& arguments) {
+        const auto parsed = parseLaunchOptions(QStringList{"trackloom"} + arguments);
+        return std::holds_alternative<LaunchExit>(parsed) ? std::get<LaunchExit>(parsed)
+                                                          : LaunchExit{{}, -1};
+    };
+    const auto bad = refused({"--screenshot", "x.png", "--explore", "50,7, 7,1", "h.json"});
+    EXPECT_EQ(bad.status, 2);
+    EXPECT_EQ(bad.text, "Bitte gültige Koordinaten eingeben.");
+    EXPECT_EQ(refused({"--screenshot", "x.png", "--explore", "91, 7"}).status, 1);
+    EXPECT_EQ(refused({"--explore", "50.7, 7.1", "h.json"}).status, 1);
+}
+
 TEST(LaunchOptions, NoticesAScreenshotBeforeTheApplicationExists) {
     char program[] = "trackloom", shot[] = "--screenshot=x.png", file[] = "a.gpx";
     char* withShot[] = {program, file, shot};

@@ -131,6 +131,29 @@ TEST(XmlEditing, CopiesKeepTheirBytesAndDeclareOnlyWhatTheirNewPlaceLacks) {
     EXPECT_EQ(copied.serialize(), expected);
 }
 
+// Under the sanitizers this is where a leak or a double free would show: the
+// document owns what was created, copied or detached until it is linked again.
+TEST(XmlEditing, ElementsLeftOutsideTheTreeGoWithTheirDocument) {
+    const auto source = parsedUnusual();
+    auto parts = parsedUnusual();
+    const auto before = parts.document.serialize();
+    auto created = parts.document.createElement("ele", gpx, "", parts.second);
+    created.appendChild(parts.document.createElement("inner", "urn:i", "i", parts.second));
+    source.first.copyInto(parts.document);
+    parts.second.detach();
+    parts.second.detach();
+    parts.document.createElement("gone", gpx, "", parts.first).remove();
+    // The copy holds the tree only: what is outside it does not come along.
+    const auto copied = parts.document.copy();
+    EXPECT_EQ(copied.serialize(), parts.document.serialize());
+    EXPECT_EQ(parts.document.serialize().find("<ele"), std::string::npos);
+
+    // Linked again, a detached element belongs to the tree, and removing it frees it once.
+    parts.track.appendChild(parts.second);
+    EXPECT_NE(parts.document.serialize(), before);
+    parts.second.remove();
+}
+
 TEST(XmlEditing, NamespaceChangesReachTheRecordedTags) {
     auto document = Document::parse("<r xmlns='urn:r'>\n <a xmlns:p='urn:p'><p:x k='1'>t</p:x></a>"
                                     "<b/><c/><d> x</d></r>");

@@ -3,6 +3,7 @@
 // Small builders shared by the timeline tests.
 
 #include "core/base/gpx_error.h"
+#include "core/base/time_zones.h"
 #include "core/timeline/timeline_calendar.h"
 #include "core/timeline/timeline_document.h"
 #include "core/track/track_time.h"

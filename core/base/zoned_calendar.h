@@ -6,8 +6,14 @@
 // skips midnight, in which case it is the first instant that exists that day.
 //
 // The zone is resolved by the caller, once; nothing here looks a zone up by name.
-// This calendar answers the date pickers' questions (weeks, wall-clock times);
-// passes over many points find their days with `TimelineCalendar`, which caches.
+// This is the one place that turns instants into days and days into their
+// starts. It answers the date pickers' questions (weeks, wall-clock times);
+// passes over many points find their days with `TimelineCalendar`, a cache on
+// top of this calendar that gives the same answers.
+//
+// The supported range is about ±25,000 years around 1970, the same for every
+// question: well inside what the date library's year type and the zone's offset
+// arithmetic handle, and far beyond any recorded history.
 
 #include "core/base/instant.h"
 
@@ -15,6 +21,14 @@
 #include <optional>
 
 namespace trackloom {
+
+/// A span of time from `start` up to, not including, `end`.
+struct DateInterval {
+    Instant start;
+    Instant end;
+
+    friend bool operator==(const DateInterval&, const DateInterval&) = default;
+};
 
 /// Wall-clock reading of an instant in a zone.
 struct LocalTime {
@@ -37,7 +51,7 @@ class ZonedCalendar {
     int firstWeekday() const { return m_firstWeekday; }
 
     /// The local day containing `instant`; absent for an instant that is not
-    /// finite or lies beyond the calendar's range of some 25,000 years.
+    /// finite or lies beyond the calendar's range.
     std::optional<date::local_days> day(Instant instant) const;
     /// The instant at which `day` begins; absent beyond the calendar's range.
     std::optional<Instant> start(date::local_days day) const;
@@ -52,6 +66,12 @@ class ZonedCalendar {
 
     /// 1 = Sunday … 7 = Saturday.
     static int weekday(date::local_days day);
+
+    /// The whole second holding `instant` (rounded down); absent for an instant
+    /// that is not finite or lies beyond the calendar's range.
+    static std::optional<date::sys_seconds> wholeSeconds(Instant instant);
+    /// Whether `day` lies inside the calendar's range.
+    static bool holds(date::local_days day);
 
   private:
     const date::time_zone* m_zone;

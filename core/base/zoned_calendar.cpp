@@ -1,4 +1,4 @@
-#include "core/places/zoned_calendar.h"
+#include "core/base/zoned_calendar.h"
 
 #include <cmath>
 #include <cstdint>
@@ -6,13 +6,16 @@
 namespace trackloom {
 namespace {
 
-// The calendar's range, about ±25,000 years around 1970: well inside what the
-// date library's year type and the zone's offset arithmetic handle, and far
-// beyond any recorded history.
 constexpr double rangeSeconds = 8.0e11;
 constexpr int rangeDays = static_cast<int>(rangeSeconds / 86400);
 
-std::optional<date::sys_seconds> wholeSeconds(Instant instant) {
+Instant instantAt(date::sys_seconds time) {
+    return Instant::fromUnixSeconds(static_cast<double>(time.time_since_epoch().count()));
+}
+
+} // namespace
+
+std::optional<date::sys_seconds> ZonedCalendar::wholeSeconds(Instant instant) {
     const double unix = instant.unixSeconds();
     if (!(std::abs(unix) <= rangeSeconds)) {
         return std::nullopt;
@@ -20,16 +23,10 @@ std::optional<date::sys_seconds> wholeSeconds(Instant instant) {
     return date::sys_seconds(std::chrono::seconds(static_cast<std::int64_t>(std::floor(unix))));
 }
 
-Instant instantAt(date::sys_seconds time) {
-    return Instant::fromUnixSeconds(static_cast<double>(time.time_since_epoch().count()));
-}
-
-bool inRange(date::local_days day) {
+bool ZonedCalendar::holds(date::local_days day) {
     const int count = day.time_since_epoch().count();
     return count >= -rangeDays && count <= rangeDays;
 }
-
-} // namespace
 
 ZonedCalendar::ZonedCalendar(const date::time_zone& zone, int firstWeekday)
     : m_zone(&zone), m_firstWeekday(((firstWeekday - 1) % 7 + 7) % 7 + 1) {}
@@ -43,7 +40,7 @@ std::optional<date::local_days> ZonedCalendar::day(Instant instant) const {
 }
 
 std::optional<Instant> ZonedCalendar::start(date::local_days day) const {
-    if (!inRange(day)) {
+    if (!holds(day)) {
         return std::nullopt;
     }
     // A skipped midnight resolves to the moment the clocks jump, which is the
@@ -68,7 +65,7 @@ std::optional<LocalTime> ZonedCalendar::localTime(Instant instant) const {
 }
 
 std::optional<Instant> ZonedCalendar::instant(LocalTime time) const {
-    if (!inRange(time.day) || !(time.secondsIntoDay >= 0 && time.secondsIntoDay < 86400)) {
+    if (!holds(time.day) || !(time.secondsIntoDay >= 0 && time.secondsIntoDay < 86400)) {
         return std::nullopt;
     }
     const double whole = std::floor(time.secondsIntoDay);
