@@ -174,6 +174,50 @@
         <source>Das Bildschirmfoto konnte nicht gespeichert werden: </source>
         <translation>The screenshot could not be saved: </translation>
     </message>
+    <message>
+        <source>Der Dienst hat die Anfrage abgelehnt.</source>
+        <translation>The service refused the request.</translation>
+    </message>
+    <message>
+        <source>Zu viele Anfragen. Bitte etwas später erneut suchen.</source>
+        <translation>Too many requests. Please search again a little later.</translation>
+    </message>
+    <message>
+        <source>Der Dienst ist gerade gestört.</source>
+        <translation>The service is currently disrupted.</translation>
+    </message>
+    <message>
+        <source>Keine Internetverbindung.</source>
+        <translation>No internet connection.</translation>
+    </message>
+    <message>
+        <source>Zeitüberschreitung.</source>
+        <translation>Timed out.</translation>
+    </message>
+    <message>
+        <source>Antwort mit Status </source>
+        <translation>Response with status </translation>
+    </message>
+    <message>
+        <source>Die Verbindung ist fehlgeschlagen.</source>
+        <translation>The connection failed.</translation>
+    </message>
+    <message>
+        <source>Mit --screenshot einer Datei: den Ort im Ort-Explorer zeigen, etwa &quot;50.7, 7.1&quot;.</source>
+        <translation>With --screenshot of a file: show the place in the place explorer, such as &quot;50.7, 7.1&quot;.</translation>
+    </message>
+    <message>
+        <source>BREITE, LÄNGE</source>
+        <translation>LAT, LON</translation>
+    </message>
+    <message>
+        <source>--explore braucht --screenshot und eine Datei.</source>
+        <translation>--explore needs --screenshot and a file.</translation>
+    </message>
+    <message>
+        <source>Bitte gültige Koordinaten eingeben.</source>
+        <translation>Please enter valid coordinates.</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::DataCalendarButton</name>
@@ -747,6 +791,268 @@
     <message>
         <source>Ersetzen</source>
         <translation>Replace</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::NominatimSearch</name>
+    <message>
+        <source>Die Antwort war nicht lesbar.</source>
+        <translation>The response was not readable.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::PlaceDayList</name>
+    <message>
+        <source>Tage exportieren …</source>
+        <translation>Export days …</translation>
+    </message>
+    <message>
+        <source>Zeiten zeigen den ersten und letzten Nachweis des Tages, keinen lückenlosen Aufenthalt. Linien zwischen Punkten zählen nicht als Ortsnachweis. Ein Klick öffnet den ganzen Tag.</source>
+        <translation>Times show the first and last evidence of the day, not an unbroken stay. Lines between points do not count as evidence of the place. A click opens the whole day.</translation>
+    </message>
+    <message>
+        <source> Tag</source>
+        <translation> day</translation>
+    </message>
+    <message>
+        <source> Tage</source>
+        <translation> days</translation>
+    </message>
+    <message>
+        <source>Tage</source>
+        <translation>Days</translation>
+    </message>
+    <message>
+        <source>Wähle einen Ort, um passende Tage in deinem geladenen Verlauf zu finden.</source>
+        <translation>Choose a place to find matching days in your loaded history.</translation>
+    </message>
+    <message>
+        <source>Tage werden gesucht …</source>
+        <translation>Searching for days …</translation>
+    </message>
+    <message>
+        <source>Keine gespeicherten Punkte in diesem Umkreis. Versuche einen größeren Radius oder den gesamten Verlauf.</source>
+        <translation>No stored points within this radius. Try a larger radius or the whole history.</translation>
+    </message>
+    <message>
+        <source>Den vollständigen Tag mit seinen Strecken öffnen</source>
+        <translation>Open the whole day with its paths</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::PlaceExplorerModel</name>
+    <message>
+        <source>Bitte einen gespeicherten Ortsnamen oder Koordinaten eingeben.</source>
+        <translation>Please enter a stored place name or coordinates.</translation>
+    </message>
+    <message>
+        <source>Koordinaten</source>
+        <translation>Coordinates</translation>
+    </message>
+    <message>
+        <source>Koordinaten lokal übernommen.</source>
+        <translation>Coordinates taken locally.</translation>
+    </message>
+    <message>
+        <source>Gespeicherter Aufenthalt</source>
+        <translation>Stored visit</translation>
+    </message>
+    <message>
+        <source>Kein gespeicherter Ortsname gefunden. Kartenpunkt wählen, Koordinaten eingeben oder bei OpenStreetMap suchen.</source>
+        <translation>No stored place name found. Pick a point on the map, enter coordinates or search OpenStreetMap.</translation>
+    </message>
+    <message>
+        <source> Orte aus deinen Daten (maximal 50; Suche ggf. genauer eingrenzen).</source>
+        <translation> places from your data (at most 50; narrow the search if needed).</translation>
+    </message>
+    <message>
+        <source> Orte aus deinen Daten.</source>
+        <translation> places from your data.</translation>
+    </message>
+    <message>
+        <source>Bitte einen Ort oder eine Adresse eingeben.</source>
+        <translation>Please enter a place or an address.</translation>
+    </message>
+    <message>
+        <source>OpenStreetMap-Suche nicht verfügbar: </source>
+        <translation>OpenStreetMap search not available: </translation>
+    </message>
+    <message>
+        <source>In dieser Umgebung ist keine Online-Suche eingerichtet.</source>
+        <translation>No online search is set up in this environment.</translation>
+    </message>
+    <message>
+        <source>Ort</source>
+        <translation>Place</translation>
+    </message>
+    <message>
+        <source>Keine Orte bei OpenStreetMap gefunden.</source>
+        <translation>No places found on OpenStreetMap.</translation>
+    </message>
+    <message>
+        <source>Ort auswählen, um deinen Verlauf dort zu prüfen.</source>
+        <translation>Choose a place to check your history there.</translation>
+    </message>
+    <message>
+        <source>Tag,Erster Nachweis,Letzter Nachweis,Punkte</source>
+        <translation>Day,First evidence,Last evidence,Points</translation>
+    </message>
+    <message>
+        <source>Tage exportieren</source>
+        <translation>Export days</translation>
+    </message>
+    <message>
+        <source>Tage.csv</source>
+        <translation>Days.csv</translation>
+    </message>
+    <message>
+        <source>Tage – </source>
+        <translation>Days – </translation>
+    </message>
+    <message>
+        <source>CSV-Dateien (*.csv)</source>
+        <translation>CSV files (*.csv)</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::PlaceExplorerView</name>
+    <message>
+        <source>Kartenpunkt</source>
+        <translation>Map point</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::PlaceSearchPanel</name>
+    <message>
+        <source>50 m</source>
+        <translation>50 m</translation>
+    </message>
+    <message>
+        <source>100 m</source>
+        <translation>100 m</translation>
+    </message>
+    <message>
+        <source>250 m</source>
+        <translation>250 m</translation>
+    </message>
+    <message>
+        <source>500 m</source>
+        <translation>500 m</translation>
+    </message>
+    <message>
+        <source>1 km</source>
+        <translation>1 km</translation>
+    </message>
+    <message>
+        <source>5 km</source>
+        <translation>5 km</translation>
+    </message>
+    <message>
+        <source>10 km</source>
+        <translation>10 km</translation>
+    </message>
+    <message>
+        <source>WANN WAR ICH HIER?</source>
+        <translation>WHEN WAS I HERE?</translation>
+    </message>
+    <message>
+        <source>Ort, Adresse oder 50.7, 7.1</source>
+        <translation>Place, address or 50.7, 7.1</translation>
+    </message>
+    <message>
+        <source>Ort oder Koordinaten suchen</source>
+        <translation>Search a place or coordinates</translation>
+    </message>
+    <message>
+        <source>Bei OpenStreetMap suchen</source>
+        <translation>Search OpenStreetMap</translation>
+    </message>
+    <message>
+        <source>Suchergebnisse: © OpenStreetMap-Mitwirkende (ODbL)</source>
+        <translation>Search results: © OpenStreetMap contributors (ODbL)</translation>
+    </message>
+    <message>
+        <source>Ort auf Karte wählen</source>
+        <translation>Pick place on map</translation>
+    </message>
+    <message>
+        <source>Den gewünschten Ort auf der Karte anklicken.</source>
+        <translation>Click the place you want on the map.</translation>
+    </message>
+    <message>
+        <source>Umkreis</source>
+        <translation>Radius</translation>
+    </message>
+    <message>
+        <source>Gesamten Verlauf durchsuchen</source>
+        <translation>Search the whole history</translation>
+    </message>
+    <message>
+        <source>Aufenthalte einbeziehen</source>
+        <translation>Include visits</translation>
+    </message>
+    <message>
+        <source>Grobe Fahrten einbeziehen</source>
+        <translation>Include coarse trips</translation>
+    </message>
+    <message>
+        <source>Heatmap anzeigen</source>
+        <translation>Show heat map</translation>
+    </message>
+    <message>
+        <source>Nur „Bei OpenStreetMap suchen“ sendet deinen Suchtext an OpenStreetMap. Koordinaten: Breite, Länge mit Dezimalpunkt.</source>
+        <translation>Only “Search OpenStreetMap” sends your search text to OpenStreetMap. Coordinates: latitude, longitude with a decimal point.</translation>
+    </message>
+    <message>
+        <source>Punktdichte im sichtbaren Kartenausschnitt, keine Aufenthaltsdauer. Häufigere Aufzeichnung erzeugt stärkere Farben. Die Farben passen sich beim Zoomen an.</source>
+        <translation>Point density in the visible part of the map, not time spent. More frequent recording gives stronger colours. The colours adapt when zooming.</translation>
+    </message>
+    <message>
+        <source>Verlauf und Umkreissuche bleiben lokal. Kartenmaterial kommt von OpenStreetMap. Originaldateien bleiben unverändert.</source>
+        <translation>History and radius search stay local. Map data comes from OpenStreetMap. Original files stay unchanged.</translation>
+    </message>
+    <message>
+        <source>Bereich: </source>
+        <translation>Range: </translation>
+    </message>
+    <message>
+        <source>Punkte werden vorbereitet …</source>
+        <translation>Preparing the points …</translation>
+    </message>
+    <message>
+        <source>Tage werden gesucht …</source>
+        <translation>Searching for days …</translation>
+    </message>
+    <message>
+        <source> Punkte ausgewählt</source>
+        <translation> points selected</translation>
+    </message>
+    <message>
+        <source>Suche läuft …</source>
+        <translation>Searching …</translation>
+    </message>
+    <message>
+        <source>Gespeicherter Aufenthalt</source>
+        <translation>Stored visit</translation>
+    </message>
+    <message>
+        <source>Kartenauswahl abbrechen</source>
+        <translation>Cancel map selection</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::PlacesWorkspace</name>
+    <message>
+        <source>Tage exportieren …</source>
+        <translation>Export days …</translation>
+    </message>
+    <message>
+        <source>Wann war ich hier?</source>
+        <translation>When was I here?</translation>
+    </message>
+    <message>
+        <source>Koordinaten</source>
+        <translation>Coordinates</translation>
     </message>
 </context>
 <context>

@@ -16,7 +16,7 @@ namespace trackloom {
 namespace {
 
 QString tr(const char* text) {
-    return QCoreApplication::translate("trackloom::NominatimSearch", text);
+    return QCoreApplication::translate("trackloom", text);
 }
 
 std::optional<double> degrees(const QJsonValue& value) {

@@ -3,6 +3,7 @@
 // must be finished in the committed Linguist file, with the same placeholders
 // and the same spaces at its ends (pieces are joined into sentences).
 
+#include <QDirIterator>
 #include <QFile>
 #include <QMap>
 #include <QProcess>
@@ -125,6 +126,27 @@ TEST_F(EnglishTranslation, KeepsPlaceholdersAndTheSpacesPiecesAreJoinedWith) {
         EXPECT_EQ(source.startsWith(' '), english.startsWith(' ')) << describe(it.key());
         EXPECT_EQ(source.endsWith(' '), english.endsWith(' ')) << describe(it.key());
     }
+}
+
+TEST(TranslationContexts, FileLocalTrHelpersTranslateWhereLupdateFilesTheirTexts) {
+    // lupdate files the texts of a free tr() helper under the enclosing
+    // namespace; a helper looking them up in another context finds nothing.
+    static const QRegularExpression helper(QStringLiteral(
+        R"(QString\s+tr\s*\(\s*const\s+char\s*\*\s*\w+\s*\)\s*\{\s*return\s+)"
+        R"(QCoreApplication::translate\(\s*"([^"]*)")"));
+    int helpers = 0;
+    QDirIterator sources(QStringLiteral(TRACKLOOM_SOURCE_DIR "/app"), {"*.cpp", "*.h"}, QDir::Files,
+                         QDirIterator::Subdirectories);
+    while (sources.hasNext()) {
+        const QString path = sources.next();
+        QFile file(path);
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        for (const auto& match : helper.globalMatch(QString::fromUtf8(file.readAll()))) {
+            ++helpers;
+            EXPECT_EQ(match.captured(1), "trackloom") << path.toStdString();
+        }
+    }
+    EXPECT_GT(helpers, 0) << "the pattern no longer finds the helpers";
 }
 
 } // namespace

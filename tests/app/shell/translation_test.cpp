@@ -1,9 +1,13 @@
+#include "app/map/tile_source.h"
+#include "app/shell/settings_dialog.h"
 #include "app/shell/shell_menus.h"
 #include "app/shell/translation.h"
 #include "core/base/gpx_error.h"
 #include "core/base/localization.h"
 #include "tests/app/support/qt_test_application.h"
 
+#include <QComboBox>
+#include <QLabel>
 #include <QMainWindow>
 #include <QMenuBar>
 #include <QTemporaryDir>
@@ -99,6 +103,32 @@ TEST_F(InterfaceLanguage, AnInstalledProgramFindsItsTranslationsInTheDataFolder)
     EXPECT_EQ(folders[0], QCoreApplication::applicationDirPath() + "/translations");
     EXPECT_TRUE(folders[1].endsWith("/share/trackloom/translations"));
     EXPECT_FALSE(folders[1].contains("..")) << folders[1].toStdString();
+}
+
+TEST_F(InterfaceLanguage, TheSettingsChooseTheLanguageForTheNextStart) {
+    QTemporaryDir folder;
+    QSettings store(folder.filePath("settings.ini"), QSettings::IniFormat);
+    AppSettings settings(store);
+    settings.setTileURLTemplate(QString());
+    TileSource tiles(QString(), QString(), nullptr);
+    const auto choose = [&](const QString& item, bool confirm) {
+        SettingsDialog dialog(settings, tiles);
+        auto* box = dialog.findChild<QComboBox*>();
+        EXPECT_NE(box->findText(item), -1) << item.toStdString();
+        box->setCurrentIndex(box->findText(item));
+        const auto labels = dialog.findChildren<QLabel*>();
+        EXPECT_TRUE(std::any_of(labels.begin(), labels.end(), [](QLabel* label) {
+            return label->text().contains("beim nächsten Start");
+        }));
+        confirm ? dialog.accept() : dialog.reject();
+    };
+    choose("English", true);
+    EXPECT_EQ(settings.language(), AppSettings::Language::english);
+    EXPECT_EQ(settings.tileURLTemplate(), QString()) << "the other settings stay as they were";
+    choose("Deutsch", false);
+    EXPECT_EQ(settings.language(), AppSettings::Language::english) << "cancelled";
+    choose("Automatisch (Systemsprache)", true);
+    EXPECT_EQ(settings.language(), AppSettings::Language::automatic);
 }
 
 } // namespace
