@@ -1407,7 +1407,7 @@
     <name>trackloom::TimelineDayView</name>
     <message>
         <source>Tag oder Ort suchen</source>
-        <translation>Search a day or a place</translation>
+        <translation>Find a day or place</translation>
     </message>
     <message>
         <source>Neueste zuerst</source>

@@ -38,7 +38,7 @@ Catalogue readCatalogue(const QString& path) {
         } else if (xml.name() == u"source") {
             source = xml.readElementText();
         } else if (xml.name() == u"translation") {
-            const auto type = xml.attributes().value(u"type");
+            const auto type = xml.attributes().value(QLatin1String("type"));
             entry.finished = type.isEmpty();
             entry.translation = xml.readElementText(QXmlStreamReader::IncludeChildElements);
             catalogue.insert({context, source}, entry);
@@ -132,8 +132,8 @@ TEST(TranslationContexts, FileLocalTrHelpersTranslateWhereLupdateFilesTheirTexts
     // lupdate files the texts of a free tr() helper under the enclosing
     // namespace; a helper looking them up in another context finds nothing.
     static const QRegularExpression helper(QStringLiteral(
-        R"(QString\s+tr\s*\(\s*const\s+char\s*\*\s*\w+\s*\)\s*\{\s*return\s+)"
-        R"(QCoreApplication::translate\(\s*"([^"]*)")"));
+        R"re(QString\s+tr\s*\(\s*const\s+char\s*\*\s*\w+\s*\)\s*\{\s*return\s+)re"
+        R"re(QCoreApplication::translate\(\s*"([^"]*)")re"));
     int helpers = 0;
     QDirIterator sources(QStringLiteral(TRACKLOOM_SOURCE_DIR "/app"), {"*.cpp", "*.h"}, QDir::Files,
                          QDirIterator::Subdirectories);
