@@ -250,11 +250,18 @@ TEST_F(TimelineModelTest, SavingNeverWritesOverTheOpenedFile) {
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }();
-    model.setSelection({4});
+    // The dialog refuses the opened file before anything else happens.
+    dialogs.filesToSave = {source};
+    model.saveWorkingCopy(false);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].first, "Gesamte Arbeitskopie sichern");
+    // And should a dialog let it through, the model refuses it itself.
+    dialogs.skipsProtection = true;
     dialogs.filesToSave = {source};
     model.saveWorkingCopy(false);
     EXPECT_TRUE(model.error().has_value());
     waitUntilIdle();
+    dialogs.skipsProtection = false;
 
     const QString copy = folder.filePath("copy.gpxhistory");
     model.setSelection({0});
