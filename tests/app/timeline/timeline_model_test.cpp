@@ -1,5 +1,6 @@
 #include "app/timeline/timeline_model.h"
 #include "core/timeline/working_copy.h"
+#include "tests/app/support/core_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 #include "tests/core/timeline/timeline_test_support.h"
 
@@ -12,18 +13,6 @@
 
 namespace trackloom::testing {
 namespace {
-
-QCoreApplication& application() {
-    static int argc = 1;
-    static char name[] = "trackloom-timeline-tests";
-    static char* argv[] = {name, nullptr};
-    static auto* instance = [] {
-        auto* app = new QCoreApplication(argc, argv);
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        return app;
-    }();
-    return *instance;
-}
 
 /// Two walks on 1 June 2025 (Berlin time), a stay over the night into 2 June,
 /// and a walk on 3 June.
@@ -45,7 +34,7 @@ struct RecordingReceiver : TrackReceiver {
 
 class TimelineModelTest : public ::testing::Test {
   protected:
-    TimelineModelTest() : model((application(), dialogs), *zone("Europe/Berlin")) {}
+    TimelineModelTest() : model((coreApplication(), dialogs), *zone("Europe/Berlin")) {}
 
     QString writeFile(const QString& name, const std::string& bytes) {
         const QString path = folder.filePath(name);
