@@ -9,6 +9,7 @@
 #include "app/places/place_explorer_model.h"
 #include "app/places/place_explorer_view.h"
 #include "app/shell/user_dialogs.h"
+#include "bench/support/event_loop_probe.h"
 #include "bench/support/measure.h"
 #include "bench/support/no_dialogs.h"
 
@@ -25,14 +26,6 @@ namespace {
 
 constexpr std::size_t pointCount = 3'000'000;
 const PlaceCoordinate home{50.7374, 7.0982};
-
-}
-bool confirm(const Confirmation&) override {
-    return false;
-}
-void inform(const QString&, const QString&) override {}
-}
-;
 
 /// Random walks of 1000 points across Europe, one every half day; every 50th
 /// starts at home and each ends in a one-hour visit (as in the core benchmark).
@@ -68,42 +61,6 @@ std::shared_ptr<const std::vector<TimelinePoint>> generatedHistory() {
     return points;
 }
 
-struct Run {
-    double milliseconds = 0;
-    double longestPause = 0;
-};
-
-/// Starts `request` and runs the event loop until `done`, probing every 2 ms
-/// how long the loop could not answer.
-Run until(const std::function<bool()>& done, const std::function<void()>& request) {
-    QElapsedTimer clock;
-    qint64 lastTick = 0;
-    double longestPause = 0;
-    QTimer probe;
-    probe.setInterval(2);
-    QObject::connect(&probe, &QTimer::timeout, [&] {
-        const qint64 now = clock.elapsed();
-        longestPause = std::max(longestPause, static_cast<double>(now - lastTick - 2));
-        lastTick = now;
-    });
-    clock.start();
-    probe.start();
-    request();
-    longestPause = std::max(longestPause, static_cast<double>(clock.elapsed()));
-    lastTick = clock.elapsed();
-    while (!done()) {
-        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 20);
-    }
-    const double total = static_cast<double>(clock.elapsed());
-    QCoreApplication::processEvents();
-    return {total, longestPause};
-}
-
-double median(std::vector<double> values) {
-    std::sort(values.begin(), values.end());
-    return values[values.size() / 2];
-}
-
 } // namespace
 
 int main(int argc, char** argv) {
@@ -133,23 +90,23 @@ int main(int argc, char** argv) {
 
     std::vector<double> rebuilds, rebuildPauses;
     for (int i = 0; i < repetitions; ++i) {
-        const Run run = until([&] { return !model.working(); },
-                              [&] {
-                                  model.setIncludeVisits(i % 2 == 0);
-                                  if (i == 0) {
-                                      model.rebuild();
-                                  }
-                              });
+        const auto run = bench::untilIdle([&] { return model.working(); },
+                                          [&] {
+                                              model.setIncludeVisits(i % 2 == 0);
+                                              if (i == 0) {
+                                                  model.rebuild();
+                                              }
+                                          });
         rebuilds.push_back(run.milliseconds);
         rebuildPauses.push_back(run.longestPause);
     }
     model.choose(QStringLiteral("Zuhause"), home, true);
-    until([&] { return !model.working(); }, [] {});
+    bench::untilIdle([&] { return model.working(); }, [] {});
 
     std::vector<double> radii, radiusPauses;
     for (int i = 0; i < repetitions * 2; ++i) {
-        const Run run = until([&] { return !model.finding(); },
-                              [&] { model.setRadius(i % 2 == 0 ? 500 : 250); });
+        const auto run = bench::untilIdle([&] { return model.finding(); },
+                                          [&] { model.setRadius(i % 2 == 0 ? 500 : 250); });
         radii.push_back(run.milliseconds);
         radiusPauses.push_back(run.longestPause);
     }
@@ -159,11 +116,11 @@ int main(int argc, char** argv) {
     std::vector<double> pans, panPauses;
     for (int i = 0; i < repetitions * 2; ++i) {
         const auto generation = model.heat().generation;
-        const Run run =
-            until([&] { return model.heat().generation != generation && !model.working(); },
-                  [&] {
-                      map.setViewport(map.viewport().panned({i % 2 == 0 ? 340.0 : -340.0, 0}));
-                  });
+        const auto run = bench::untilIdle(
+            [&] { return model.heat().generation == generation || model.working(); },
+            [&] {
+                map.setViewport(map.viewport().panned({i % 2 == 0 ? 340.0 : -340.0, 0}));
+            });
         pans.push_back(run.milliseconds);
         panPauses.push_back(run.longestPause);
     }
@@ -176,16 +133,17 @@ int main(int argc, char** argv) {
 
     bench::report("points", static_cast<double>(points->size()), "");
     bench::report("(a) bare pass over the points, median", bare, "ms");
-    bench::report("(b) rebuild until shown, median", median(rebuilds), "ms");
-    bench::report("ratio b/a", median(rebuilds) / bare, "");
+    bench::report("(b) rebuild until shown, median", bench::median(rebuilds), "ms");
+    bench::report("ratio b/a", bench::median(rebuilds) / bare, "");
     bench::report("    longest main-thread pause (goal <= 50 ms)",
                   *std::max_element(rebuildPauses.begin(), rebuildPauses.end()), "ms");
-    bench::report("(c) radius change until days show, median (goal <= 100 ms)", median(radii),
-                  "ms");
-    bench::report("ratio c/a", median(radii) / bare, "");
+    bench::report("(c) radius change until days show, median (goal <= 100 ms)",
+                  bench::median(radii), "ms");
+    bench::report("ratio c/a", bench::median(radii) / bare, "");
     bench::report("    days found", static_cast<double>(model.days().size()), "");
-    bench::report("(d) pan until heat cells shown, median (goal <= 100 ms)", median(pans), "ms");
-    bench::report("ratio d/a", median(pans) / bare, "");
+    bench::report("(d) pan until heat cells shown, median (goal <= 100 ms)", bench::median(pans),
+                  "ms");
+    bench::report("ratio d/a", bench::median(pans) / bare, "");
     bench::report("    heat cells in view", static_cast<double>(model.heat().cells.size()), "");
     bench::report("    dots in view", static_cast<double>(model.dots().cells.size()), "");
     bench::report("    longest main-thread pause, radius and pans",

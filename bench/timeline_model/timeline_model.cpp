@@ -6,20 +6,25 @@
 
 #include "app/timeline/timeline_model.h"
 
+#include "app/map/map_widget.h"
+#include "app/timeline/timeline_map.h"
 #include "bench/support/event_loop_probe.h"
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
 #include "bench/support/no_dialogs.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QElapsedTimer>
+#include <QImage>
+#include <QPainter>
 #include <filesystem>
 #include <future>
 
 using namespace trackloom;
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
     const auto path = bench::ensureLargeTimeline(bench::benchmarkDataFolder());
     const auto fileSize = static_cast<double>(std::filesystem::file_size(path));
     const auto* berlin = date::locate_zone("Europe/Berlin");
@@ -79,6 +84,24 @@ int main(int argc, char** argv) {
         zonePauses.push_back(change.longestPause);
     }
 
+    // A whole year on the map: the lines are prepared once, then every frame
+    // draws them again (the tiles are off: no network here).
+    TimelineMap map(model, nullptr);
+    map.resize(1024, 700);
+    map.show();
+    const Instant lastDay = model.days().back().day;
+    model.setWholeDays(true);
+    model.setRangeFrom(lastDay.advanced(-364 * 86400.0));
+    model.setRangeTo(lastDay);
+    bench::untilIdle([&] { return model.busy() || map.isPreparing(); },
+                     [&] { model.applyRange(); });
+    const auto yearPoints = model.points().size();
+    QImage frame(map.map()->size(), QImage::Format_ARGB32_Premultiplied);
+    const double yearFrame = bench::medianMilliseconds(9, [&] {
+        QPainter painter(&frame);
+        map.map()->render(&painter);
+    });
+
     const double open = bench::median(opens);
     bench::report("ratio open until the day list is ready / core import and day index",
                   open / coreOpen, "");
@@ -95,6 +118,8 @@ int main(int argc, char** argv) {
     bench::report("ratio d/c", bench::median(zoneChanges) / coreIndex, "");
     bench::report("longest main-thread pause during a zone change", bench::median(zonePauses),
                   "ms");
+    bench::report("one map frame of a year (" + std::to_string(yearPoints) + " points), median",
+                  yearFrame, "ms");
     bench::report("peak resident memory with the history open", peakAfterOpen / 1048576.0, "MiB");
     bench::report("ratio peak memory / file size", peakAfterOpen / fileSize, "");
 }

@@ -5,6 +5,7 @@
 // and small GPX documents written to a temporary folder.
 
 #include "app/editor/editor_model.h"
+#include "tests/app/support/core_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 
 #include <QCoreApplication>
@@ -16,19 +17,6 @@
 #include <vector>
 
 namespace trackloom::testing {
-
-inline QCoreApplication& coreApplication() {
-    static int argc = 1;
-    static char name[] = "trackloom-editor-tests";
-    static char* argv[] = {name, nullptr};
-    static auto* application = [] {
-        auto* app = new QCoreApplication(argc, argv);
-        // Numbers in status texts follow the locale; the texts under test are German.
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        return app;
-    }();
-    return *application;
-}
 
 /// ScriptedDialogs that also record what each save dialog suggested and protected.
 struct RecordingDialogs : ScriptedDialogs {

@@ -5,6 +5,7 @@
 // to, histories built point by point, and a wait for the model's background work.
 
 #include "app/places/place_explorer_model.h"
+#include "tests/app/support/core_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 
 #include <QCoreApplication>
@@ -16,18 +17,6 @@
 #include <vector>
 
 namespace trackloom::testing {
-
-inline QCoreApplication& placesApplication() {
-    static int argc = 1;
-    static char name[] = "trackloom-places-tests";
-    static char* argv[] = {name, nullptr};
-    static auto* application = [] {
-        auto* app = new QCoreApplication(argc, argv);
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        return app;
-    }();
-    return *application;
-}
 
 struct ScriptedSearch : OnlinePlaceSearch {
     std::vector<QString> requests;
@@ -103,7 +92,7 @@ inline void waitForIdle(const PlaceExplorerModel& model, int milliseconds = 1000
 
 class PlacesModelTest : public ::testing::Test {
   protected:
-    PlacesModelTest() { placesApplication(); }
+    PlacesModelTest() { coreApplication(); }
 
     PlaceExplorerModel& open(std::vector<TimelinePoint> points,
                              std::optional<DateInterval> interval = std::nullopt) {

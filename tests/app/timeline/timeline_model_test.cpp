@@ -1,5 +1,6 @@
 #include "app/timeline/timeline_model.h"
 #include "core/timeline/working_copy.h"
+#include "tests/app/support/core_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 #include "tests/core/timeline/timeline_test_support.h"
 
@@ -12,18 +13,6 @@
 
 namespace trackloom::testing {
 namespace {
-
-QCoreApplication& application() {
-    static int argc = 1;
-    static char name[] = "trackloom-timeline-tests";
-    static char* argv[] = {name, nullptr};
-    static auto* instance = [] {
-        auto* app = new QCoreApplication(argc, argv);
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        return app;
-    }();
-    return *instance;
-}
 
 /// Two walks on 1 June 2025 (Berlin time), a stay over the night into 2 June,
 /// and a walk on 3 June.
@@ -45,7 +34,7 @@ struct RecordingReceiver : TrackReceiver {
 
 class TimelineModelTest : public ::testing::Test {
   protected:
-    TimelineModelTest() : model((application(), dialogs), *zone("Europe/Berlin")) {}
+    TimelineModelTest() : model((coreApplication(), dialogs), *zone("Europe/Berlin")) {}
 
     QString writeFile(const QString& name, const std::string& bytes) {
         const QString path = folder.filePath(name);
@@ -250,11 +239,18 @@ TEST_F(TimelineModelTest, SavingNeverWritesOverTheOpenedFile) {
         file.open(QIODevice::ReadOnly);
         return file.readAll();
     }();
-    model.setSelection({4});
+    // The dialog refuses the opened file before anything else happens.
+    dialogs.filesToSave = {source};
+    model.saveWorkingCopy(false);
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_EQ(dialogs.messages[0].first, "Gesamte Arbeitskopie sichern");
+    // And should a dialog let it through, the model refuses it itself.
+    dialogs.skipsProtection = true;
     dialogs.filesToSave = {source};
     model.saveWorkingCopy(false);
     EXPECT_TRUE(model.error().has_value());
     waitUntilIdle();
+    dialogs.skipsProtection = false;
 
     const QString copy = folder.filePath("copy.gpxhistory");
     model.setSelection({0});
