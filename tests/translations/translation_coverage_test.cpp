@@ -131,9 +131,9 @@ TEST_F(EnglishTranslation, KeepsPlaceholdersAndTheSpacesPiecesAreJoinedWith) {
 TEST(TranslationContexts, FileLocalTrHelpersTranslateWhereLupdateFilesTheirTexts) {
     // lupdate files the texts of a free tr() helper under the enclosing
     // namespace; a helper looking them up in another context finds nothing.
-    static const QRegularExpression helper(QStringLiteral(
-        R"re(QString\s+tr\s*\(\s*const\s+char\s*\*\s*\w+\s*\)\s*\{\s*return\s+)re"
-        R"re(QCoreApplication::translate\(\s*"([^"]*)")re"));
+    static const QRegularExpression helper(
+        QStringLiteral(R"re(QString\s+tr\s*\(\s*const\s+char\s*\*\s*\w+\s*\)\s*\{\s*return\s+)re"
+                       R"re(QCoreApplication::translate\(\s*"([^"]*)")re"));
     int helpers = 0;
     QDirIterator sources(QStringLiteral(TRACKLOOM_SOURCE_DIR "/app"), {"*.cpp", "*.h"}, QDir::Files,
                          QDirIterator::Subdirectories);
