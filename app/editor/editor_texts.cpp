@@ -13,10 +13,6 @@ QString tr(const char* text) {
     return QCoreApplication::translate("trackloom", text);
 }
 
-QString integerText(long long value) {
-    return QString::number(value);
-}
-
 QString transitionTimeText(const TrackPoint& last, const TrackPoint& first) {
     if (!last.time || !first.time) {
         return tr(" Am Übergang fehlen Zeitangaben.");
@@ -37,7 +33,7 @@ QString baseName(const QString& filename) {
 } // namespace
 
 QString appendReport(const GPXTrack* before, const GPXTrack& appended, std::size_t newPointCount) {
-    QString report = tr("Track angehängt · ") + integerText(static_cast<long long>(newPointCount)) +
+    QString report = tr("Track angehängt · ") + QString::number(newPointCount) +
                      tr(" Punkte · Rückgängig ist möglich.");
     if (!before || before->points().empty() || appended.points().empty()) {
         return report;

@@ -25,6 +25,20 @@ MarkerStyle MarkerStyle::pending() {
     return {QColor(Qt::white), QColor(204, 0, 102), 5, 2.5};
 }
 
+QImage MarkerStyle::sprite(double devicePixelRatio) const {
+    const int side = static_cast<int>(std::ceil((2 * radius + strokeWidth + 2) * devicePixelRatio));
+    QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(stroke, strokeWidth));
+    painter.setBrush(fill);
+    const double centre = side / devicePixelRatio / 2;
+    painter.drawEllipse(QPointF(centre, centre), radius, radius);
+    return image;
+}
+
 PointsOverlay::PointsOverlay(MarkerStyle style) : m_style(style) {}
 
 void PointsOverlay::setPoints(const std::vector<Coordinate>& coordinates) {
@@ -59,14 +73,14 @@ void PointsOverlay::paint(QPainter& painter, const MapViewport& viewport) const 
             return !occupied.insert((row << 32) ^ column).second;
         });
     }
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_style.stroke, m_style.strokeWidth));
-    painter.setBrush(m_style.fill);
-    for (const QPointF& p : visible) {
-        painter.drawEllipse(p, m_style.radius, m_style.radius);
+    const double ratio = painter.device() ? painter.device()->devicePixelRatioF() : 1.0;
+    if (m_sprite.isNull() || m_sprite.devicePixelRatio() != ratio) {
+        m_sprite = m_style.sprite(ratio);
     }
-    painter.restore();
+    const QPointF offset(m_sprite.width() / ratio / 2, m_sprite.height() / ratio / 2);
+    for (const QPointF& p : visible) {
+        painter.drawImage(p - offset, m_sprite);
+    }
 }
 
 std::optional<MapHit> PointsOverlay::hitTest(const MapViewport& viewport, QPointF position,

@@ -7,6 +7,7 @@
 #include "app/map/map_overlay.h"
 
 #include <QColor>
+#include <QImage>
 #include <vector>
 
 namespace trackloom {
@@ -23,6 +24,10 @@ struct MarkerStyle {
     static MarkerStyle selection();
     /// Hollow markers for points that are not yet part of the track.
     static MarkerStyle pending();
+
+    /// The marker drawn once, centred in a small image at `devicePixelRatio`:
+    /// thousands of copies of it cost a fraction of as many antialiased circles.
+    QImage sprite(double devicePixelRatio) const;
 };
 
 class PointsOverlay : public MapOverlay {
@@ -42,6 +47,9 @@ class PointsOverlay : public MapOverlay {
   private:
     MarkerStyle m_style;
     std::vector<MapPoint> m_points;
+    // Made on first paint for the device's pixel ratio; painting is on the
+    // main thread only.
+    mutable QImage m_sprite;
 };
 
 } // namespace trackloom

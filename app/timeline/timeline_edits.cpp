@@ -1,7 +1,6 @@
 // The inspector, the edits with their undo history, and the change of zone.
 
 #include "app/timeline/timeline_model.h"
-
 #include "core/base/time_zones.h"
 
 #include <QLocale>
@@ -26,12 +25,16 @@ QString degreesText(double value) {
     return QString::number(value, 'f', 6);
 }
 
-} // namespace
+/// Runs `pass` over the session's current points in recorded order. Unedited,
+/// they are the document's own and need no copy. Nothing edits the session
+/// meanwhile: the model takes no edits while a job reads it.
+template <typename Pass>
+auto overCurrentPoints(const TimelineSession& session, bool pristine, Pass&& pass) {
+    const auto copy = pristine ? std::vector<TimelinePoint>() : session.recordedPoints();
+    return pass(pristine ? session.document().points() : copy);
+}
 
-struct TimelineModel::Reindexed {
-    TimelineDayIndex index;
-    std::map<Instant, TimelineDaySummary> summaries;
-};
+} // namespace
 
 bool TimelineModel::canUndo() const {
     return canEdit() && m_session->canUndo();
@@ -311,30 +314,27 @@ void TimelineModel::changeZone(const QString& identifier) {
     const auto shownMiddle =
         m_selectedDay ? std::optional(m_selectedDay->advanced(12 * 3600)) : std::nullopt;
     setStatus(tr("Tage werden für ") + identifier + tr(" neu zugeordnet …"));
-    m_jobs.start<Reindexed>(
+    m_jobs.start<TimelineDayIndex>(
         indexLane,
         [session = m_session, zone, pristine = m_session->isPristine()](const JobContext& context) {
-            // Nothing edits the session while this runs: the model takes no edits.
-            // Unedited, its points are the document's and need no copy.
-            const auto copy = pristine ? std::vector<TimelinePoint>() : session->recordedPoints();
-            const auto& points = pristine ? session->document().points() : copy;
-            context.throwIfCancelled();
-            auto index = TimelineSession::makeDayIndex(points, zone, context.token(),
-                                                       context.progressBetween(0, 0.8));
-            auto summaries = summarizeDays(points, index.calendar, context.token());
-            return Reindexed{std::move(index), std::move(summaries)};
+            return overCurrentPoints(*session, pristine, [&](const auto& points) {
+                return TimelineSession::makeDayIndex(points, zone, context.token(),
+                                                     context.progressBetween(0, 1));
+            });
         },
-        [this, zone, shownMiddle](Reindexed reindexed) {
+        [this, zone, shownMiddle](TimelineDayIndex index) {
             m_zone = zone;
-            adoptIndex(std::move(reindexed), shownMiddle);
+            adoptIndex(std::move(index), shownMiddle);
         },
         [this](const QString& message) { setError(message); });
 }
 
-void TimelineModel::adoptIndex(Reindexed reindexed, std::optional<Instant> shownMiddle) {
-    m_session->applyDayIndex(std::move(reindexed.index));
-    m_jobs.retire(std::make_shared<std::map<Instant, TimelineDaySummary>>(std::move(m_summaries)));
-    m_summaries = std::move(reindexed.summaries);
+void TimelineModel::adoptIndex(TimelineDayIndex index, std::optional<Instant> shownMiddle) {
+    m_session->applyDayIndex(std::move(index));
+    // The days show at once with their counts; what they hold follows from a
+    // second pass, so the new days never wait for it.
+    m_summaries.clear();
+    summarizeInBackground();
     refreshDays();
     if (shownMiddle) {
         m_selectedDay = m_session->calendar().startOfDay(*shownMiddle);
@@ -343,6 +343,22 @@ void TimelineModel::adoptIndex(Reindexed reindexed, std::optional<Instant> shown
     emit rangeChanged();
     showScope(false);
     setStatus(tr("Zeitzone geändert. Punkte und Rückgängig-Verlauf bleiben erhalten."));
+}
+
+void TimelineModel::summarizeInBackground() {
+    m_jobs.start<std::map<Instant, TimelineDaySummary>>(
+        summaryLane,
+        [session = m_session, calendar = m_session->calendar(),
+         pristine = m_session->isPristine()](const JobContext& context) {
+            return overCurrentPoints(*session, pristine, [&](const auto& points) {
+                return summarizeDays(points, calendar, context.token());
+            });
+        },
+        [this](std::map<Instant, TimelineDaySummary> summaries) {
+            m_summaries = std::move(summaries);
+            refreshDays();
+        },
+        [this](const QString& message) { setError(message); });
 }
 
 } // namespace trackloom

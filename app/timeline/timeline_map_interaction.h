@@ -10,6 +10,8 @@
 
 #include "app/map/map_interaction.h"
 
+#include <QFont>
+#include <QImage>
 #include <QString>
 #include <vector>
 
@@ -56,8 +58,20 @@ class VisitOverlay : public MapOverlay {
     void paint(QPainter& painter, const MapViewport& viewport) const override;
 
   private:
+    /// A label as drawn: elided to fit, with the box it needs.
+    struct Label {
+        QString text;
+        QSizeF size;
+    };
+    /// Lays the labels out once per font: a year holds thousands of stays, and
+    /// measuring text every frame would cost more than the frame has.
+    const std::vector<Label>& labelsFor(const QFont& font) const;
+
     std::vector<MapPoint> m_points;
     std::vector<QString> m_labels;
+    mutable std::vector<Label> m_laidOut;
+    mutable QFont m_laidOutFont;
+    mutable QImage m_marker;
 };
 
 } // namespace trackloom

@@ -38,7 +38,7 @@ class TimelineModel : public QObject {
 
   public:
     /// Background lanes of the model's job runner.
-    enum Lane { importLane, indexLane, saveLane };
+    enum Lane { importLane, indexLane, summaryLane, saveLane };
 
     /// Days are counted in `zone` until the user picks another one.
     TimelineModel(UserDialogs& dialogs, const date::time_zone& zone, QObject* parent = nullptr);
@@ -194,11 +194,12 @@ class TimelineModel : public QObject {
 
   private:
     struct Loaded;
-    struct Reindexed;
     using SessionPtr = std::shared_ptr<TimelineSession>;
 
     void adopt(Loaded loaded, const QString& path);
-    void adoptIndex(Reindexed reindexed, std::optional<Instant> shownMiddle);
+    void adoptIndex(TimelineDayIndex index, std::optional<Instant> shownMiddle);
+    /// Summarises every day again on the job runner, after the days changed zone.
+    void summarizeInBackground();
     void refreshDays();
     void refreshSummaries(const std::set<Instant>& days);
     std::set<Instant> daysOf(std::span<const Change> changes) const;
