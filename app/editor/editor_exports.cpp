@@ -142,8 +142,11 @@ void EditorExports::write(EditorExport plan) {
     m_model.setStatus(tr("GPX-Datei wird geschrieben …"));
     // Only the whole track counts as saving the edits.
     const auto* session = m_model.session();
-    TrackPtr saved =
-        plan.kind == EditorExport::Kind::section || !session ? nullptr : session->workingSource();
+    std::optional<EditorModel::WrittenState> saved;
+    if (plan.kind != EditorExport::Kind::section && session) {
+        saved =
+            EditorModel::WrittenState{session->workingSource(), session->timing(), plan.shiftTo};
+    }
     const QString successStatus = plan.successStatus;
     m_model.m_jobs.start<bool>(
         EditorModel::writeLane,
@@ -153,7 +156,7 @@ void EditorExports::write(EditorExport plan) {
         },
         [this, saved = std::move(saved), successStatus](bool) {
             if (saved) {
-                m_model.markExported(saved);
+                m_model.markExported(*saved);
             }
             m_model.clearError();
             m_model.setStatus(successStatus);

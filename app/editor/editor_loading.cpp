@@ -113,11 +113,14 @@ void EditorModel::showNewSession(SessionPtr session) {
         emit removeAirRoutesChanged();
     }
     m_appendSummary.clear();
+    m_jobs.retire(std::move(m_written.source));
+    m_written = {m_session->workingSource(), std::nullopt, std::nullopt};
     setStructuralDirty(false);
     m_mapTool.reset();
     m_timeFields.follow(*m_track, true);
     clearError();
     refreshMap(true, std::nullopt);
+    updateUnsavedWork();
     emit trackChanged();
 }
 
