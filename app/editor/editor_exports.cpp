@@ -63,7 +63,7 @@ std::optional<QString> EditorExports::refusal() const {
     if (!m_model.track()) {
         return fixTimes;
     }
-    if (!m_model.timeFields().applied()) {
+    if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }
     if (!m_model.canShift()) {
@@ -73,7 +73,7 @@ std::optional<QString> EditorExports::refusal() const {
 }
 
 std::optional<QString> EditorExports::sectionRefusal() const {
-    if (!m_model.timeFields().applied()) {
+    if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }
     if (!selectedSegment(m_model)) {

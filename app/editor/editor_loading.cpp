@@ -136,10 +136,15 @@ void EditorModel::appendTrack() {
     SessionEffects effects;
     effects.structural = true;
     effects.failureStatus = tr("Anhängen fehlgeschlagen. Der bisherige Track bleibt erhalten.");
-    effects.succeeded = [this, path = *path](const QString& report) {
+    // The session makes generated times the source's own before it appends.
+    const bool materializes = m_session->timing().has_value();
+    effects.succeeded = [this, path = *path, materializes](const QString& report) {
         protectFile(path);
         m_appendSummary = report;
         m_isSynthetic = false;
+        if (materializes) {
+            m_timeFields.adoptOwnTimes(*m_track);
+        }
     };
     runOnSession(
         [path = *path](GPXEditingSession& session) {
