@@ -111,8 +111,8 @@ void EditorExports::exportWhole(bool asSingleTrack) {
     const QString file = QFileInfo(*chosen).fileName();
     write({asSingleTrack ? EditorExport::Kind::singleTrack : EditorExport::Kind::whole,
            m_model.track(), m_model.timeFields().pendingShift(), 0, *chosen,
-           asSingleTrack ? tr("Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
-                              "aus GPX importieren. (") +
+           asSingleTrack ? tr("Gesichert als ein Track mit einem Abschnitt, wie ihn Navigations- "
+                              "und Reise-Apps importieren. (") +
                                file + QStringLiteral(")")
                          : tr("GPX exportiert: ") + file});
 }

@@ -200,8 +200,8 @@ TEST_F(AppendAndExport, RefusesExportsUntilTimesAreUsable) {
     dialogs.filesToSave = {target};
     model().exports().exportSingleTrack();
     settle();
-    EXPECT_EQ(model().status(), "Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
-                                "aus GPX importieren. (ein-track.gpx)");
+    EXPECT_EQ(model().status(), "Gesichert als ein Track mit einem Abschnitt, wie ihn Navigations- "
+                                "und Reise-Apps importieren. (ein-track.gpx)");
     EXPECT_EQ(dialogs.saveRequests.back().second, "runde (ein Track).gpx");
     EXPECT_EQ(readBack(target)->start(), model().timeFields().newStart());
 }
