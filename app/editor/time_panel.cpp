@@ -52,7 +52,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     group(m_shift, m_generate);
     group(m_bySpeed, m_byEndpoints);
     m_speed->setRange(0, 100000);
-    m_speed->setDecimals(4);
+    m_speed->setDecimals(1);
     m_speed->setSuffix(tr(" km/h"));
     m_feedback->setWordWrap(true);
     for (DataCalendarButton* day : {m_startDay, m_endDay}) {
