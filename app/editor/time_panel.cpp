@@ -45,10 +45,10 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
       m_bySpeed(new QRadioButton(tr("Aus einer Geschwindigkeit"))),
       m_byEndpoints(new QRadioButton(tr("Aus Start und Ende"))),
       m_utc(new QCheckBox(tr("Zeiten in UTC statt in Ortszeit"))), m_startLabel(new QLabel),
-      m_start(dateTimeEdit()), m_startDay(new DataCalendarButton(model.timeFields().zone())),
-      m_end(dateTimeEdit()), m_endDay(new DataCalendarButton(model.timeFields().zone())),
-      m_speed(new QDoubleSpinBox), m_feedback(new QLabel),
-      m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
+      m_endLabel(new QLabel), m_start(dateTimeEdit()),
+      m_startDay(new DataCalendarButton(model.timeFields().zone())), m_end(dateTimeEdit()),
+      m_endDay(new DataCalendarButton(model.timeFields().zone())), m_speed(new QDoubleSpinBox),
+      m_feedback(new QLabel), m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
     group(m_shift, m_generate);
     group(m_bySpeed, m_byEndpoints);
     m_speed->setRange(0, 100000);
@@ -62,7 +62,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     auto* form = new QFormLayout;
     form->addRow(m_startLabel, row(m_start, m_startDay));
     m_endRow = row(m_end, m_endDay);
-    form->addRow(tr("Ende"), m_endRow);
+    form->addRow(m_endLabel, m_endRow);
     form->addRow(tr("Geschwindigkeit"), m_speed);
 
     auto* modes = new QHBoxLayout;
@@ -152,7 +152,11 @@ void TimePanel::refresh() {
         }
         day->setDays(instant);
     }
-    m_startLabel->setText(generating ? tr("Start") : tr("Neuer Start"));
+    // Every time shown says in which zone it is.
+    const QString zoneName = QString::fromStdString(std::string(fields.zone().name()));
+    m_startLabel->setText((generating ? tr("Start") : tr("Neuer Start")) + QStringLiteral(" (") +
+                          zoneName + QStringLiteral(")"));
+    m_endLabel->setText(tr("Ende") + QStringLiteral(" (") + zoneName + QStringLiteral(")"));
     for (QWidget* choice : {static_cast<QWidget*>(m_bySpeed), static_cast<QWidget*>(m_byEndpoints),
                             static_cast<QWidget*>(m_apply)}) {
         choice->setVisible(generating);

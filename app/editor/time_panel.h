@@ -44,6 +44,7 @@ class TimePanel : public QWidget {
     QRadioButton* m_byEndpoints;
     QCheckBox* m_utc;
     QLabel* m_startLabel;
+    QLabel* m_endLabel;
     QDateTimeEdit* m_start;
     DataCalendarButton* m_startDay;
     QWidget* m_endRow;

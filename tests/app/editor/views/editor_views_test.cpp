@@ -140,7 +140,7 @@ TEST_F(EditorScreens, SummaryShowsTheFiguresOfTheTrack) {
     EXPECT_EQ(view.value("Punkte"), "–");
     loadSample();
     EXPECT_EQ(view.value("Punkte"), "241");
-    EXPECT_EQ(view.value("Start"), "01.06.2025 08:30:00");
+    EXPECT_EQ(view.value("Start"), "01.06.2025 08:30:00 UTC");
     EXPECT_EQ(view.value("Gültige Intervalle"), "240");
 }
 
