@@ -12,7 +12,9 @@
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -30,6 +32,40 @@ QWidget* row(QWidget* field, QWidget* calendar) {
     layout->addWidget(calendar);
     return holder;
 }
+
+// Dates and times typed as a whole: a click selects the section under the
+// cursor (digits typed into an unselected section would make the text invalid
+// and be dropped), and separators follow the sections as they are typed.
+class TypedDateTimeEdit : public QDateTimeEdit {
+  public:
+    using QDateTimeEdit::QDateTimeEdit;
+
+  protected:
+    // A full section moves on by itself; the separator typed after it must not
+    // move on a second time, or "10.05.2025" would put "05" into the year.
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
+        const bool separator = !text.isEmpty() && !text.front().isDigit() && text.front().isPrint();
+        if (separator && m_movedOn) {
+            m_movedOn = false;
+            event->accept();
+            return;
+        }
+        const int before = currentSectionIndex();
+        QDateTimeEdit::keyPressEvent(event);
+        m_movedOn = !separator && !text.isEmpty() && currentSectionIndex() != before;
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QDateTimeEdit::mouseReleaseEvent(event);
+        if (!lineEdit()->hasSelectedText()) {
+            setSelectedSection(currentSection());
+        }
+    }
+
+  private:
+    bool m_movedOn = false;
+};
 
 void group(QRadioButton* a, QRadioButton* b) {
     auto* buttons = new QButtonGroup(a);
@@ -85,7 +121,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
 }
 
 QDateTimeEdit* TimePanel::dateTimeEdit() {
-    auto* edit = new QDateTimeEdit;
+    auto* edit = new TypedDateTimeEdit;
     edit->setDisplayFormat(tr("dd.MM.yyyy HH:mm:ss"));
     edit->setTimeSpec(Qt::UTC);
     return edit;
@@ -135,8 +171,14 @@ void TimePanel::refresh() {
         m_byEndpoints->setChecked(byEndpoints);
         m_bySpeed->setChecked(!byEndpoints);
         m_utc->setChecked(utc);
-        m_start->setDateTime(wallClockOf(fields.newStart(), fields.zone()));
-        m_end->setDateTime(wallClockOf(fields.newEnd(), fields.zone()));
+        // Setting the same value again would reset the section being typed in.
+        for (const auto& [edit, instant] :
+             {std::pair{m_start, fields.newStart()}, std::pair{m_end, fields.newEnd()}}) {
+            const QDateTime wanted = wallClockOf(instant, fields.zone());
+            if (edit->dateTime() != wanted) {
+                edit->setDateTime(wanted);
+            }
+        }
         m_speed->setValue(fields.syntheticSpeed());
     }
     // Counting a long track's days takes a moment; only another track or zone needs it.

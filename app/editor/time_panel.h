@@ -31,6 +31,7 @@ class TimePanel : public QWidget {
     QPushButton* applyButton() const { return m_apply; }
     /// What the panel says about the fields: the implied speed, a refusal or a note.
     QString feedback() const;
+    QDateTimeEdit* startEdit() const { return m_start; }
 
   private:
     void refresh();

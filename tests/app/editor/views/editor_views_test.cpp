@@ -18,6 +18,7 @@
 #include "tests/app/support/scripted_dialogs.h"
 
 #include <QCheckBox>
+#include <QDateTimeEdit>
 #include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QPushButton>
@@ -160,6 +161,17 @@ TEST_F(EditorScreens, TimePanelShowsTheImpliedSpeedAndGeneratesOnRequest) {
     settle();
     EXPECT_EQ(model.status(), "Zeitstempel mit 20 km/h erzeugt. Bereit zum Export.");
     EXPECT_TRUE(panel.feedback().endsWith("Übernommen."));
+}
+
+TEST_F(EditorScreens, TypedDigitsSetTheStartAfterAClick) {
+    TimePanel panel(model);
+    show(panel, {400, 500});
+    loadSample();
+    QDateTimeEdit* start = panel.startEdit();
+    QTest::mouseClick(start, Qt::LeftButton, {}, QPoint(6, start->height() / 2));
+    QTest::keyClicks(start, "10.05.2025 08:00:00");
+    EXPECT_EQ(start->dateTime().toString("dd.MM.yyyy HH:mm:ss"), "10.05.2025 08:00:00");
+    EXPECT_EQ(model.timeFields().newStart(), *GPXTrack::parseTime("2025-05-10T08:00:00Z"));
 }
 
 TEST_F(EditorScreens, EditPanelPassesTheSplitNamesOn) {
