@@ -83,6 +83,8 @@ void EditorModel::acceptTimelineDay(std::string gpxData, const QString& title,
 void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                             std::function<QString(const GPXTrack&)> successStatus) {
     const bool removesAirRoutes = m_removeAirRoutes;
+    // A refusal about the previous file says nothing about the one being read.
+    clearError();
     setStatus(tr("Track wird eingelesen …"));
     m_jobs.start<SessionPtr>(
         loadLane,
@@ -113,6 +115,7 @@ void EditorModel::showNewSession(SessionPtr session) {
         emit removeAirRoutesChanged();
     }
     m_appendSummary.clear();
+    ++m_openedRevision;
     m_jobs.retire(std::move(m_written.source));
     m_written = {m_session->workingSource(), std::nullopt, std::nullopt};
     setStructuralDirty(false);

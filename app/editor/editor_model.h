@@ -87,6 +87,8 @@ class EditorModel : public QObject {
     std::optional<std::int64_t> selectedPointID() const { return m_selectedPointID; }
     int mapRevision() const { return m_mapRevision; }
     int mapFitRequest() const { return m_mapFitRequest; }
+    /// Bumped whenever another track is opened (not by edits of the same one).
+    int openedRevision() const { return m_openedRevision; }
     const QString& firstPartName() const { return m_firstPartName; }
     const QString& secondPartName() const { return m_secondPartName; }
     const std::vector<EditorMapPoint>& mapPoints() const { return m_mapPoints; }
@@ -249,6 +251,7 @@ class EditorModel : public QObject {
     std::optional<std::int64_t> m_selectedPointID;
     int m_mapRevision = 0;
     int m_mapFitRequest = 0;
+    int m_openedRevision = 0;
     QString m_firstPartName;
     QString m_secondPartName;
     std::vector<EditorMapPoint> m_mapPoints;

@@ -22,6 +22,7 @@
 #include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -108,6 +109,13 @@ TEST_F(EditorScreens, IntervalTableFollowsAndSetsTheSelection) {
     EXPECT_EQ(model.selectedPointID(), 5);
     model.selectPoint(151);
     EXPECT_EQ(view.table()->currentIndex().row(), 151);
+
+    // Another file opens at its top, however far down the last one was.
+    model.selectPoint(230);
+    ASSERT_GT(view.table()->verticalScrollBar()->value(), 0);
+    loadSample();
+    EXPECT_EQ(view.table()->verticalScrollBar()->value(), 0);
+    model.selectPoint(151);
 
     model.setThreshold(50);
     view.findChild<QCheckBox*>()->setChecked(true);
