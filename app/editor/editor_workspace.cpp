@@ -75,6 +75,10 @@ void EditorWorkspace::redo() {
     m_model.redo();
 }
 
+QString EditorWorkspace::documentName() const {
+    return m_model.track() ? m_model.filename() : QString();
+}
+
 std::optional<UnsavedWork> EditorWorkspace::unsavedWork() const {
     if (!m_model.hasUnsavedWork()) {
         return std::nullopt;

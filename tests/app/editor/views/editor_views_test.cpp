@@ -214,6 +214,7 @@ TEST_F(EditorScreens, WorkspaceAnswersTheShell) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
     EXPECT_FALSE(workspace.unsavedWork());
+    EXPECT_EQ(workspace.documentName(), "Beispielrunde.gpx");
     workspace.model().selectPoint(0);
     workspace.model().deleteSelected();
     while (workspace.isBusy()) {
