@@ -30,8 +30,9 @@ EditorCommands::EditorCommands(EditorModel& model, QObject* parent)
       hideAirRoutes(new QAction(tr("Luftlinien-Routen ausblenden"), this)),
       fitTrack(action(model, tr("Ganzen Track zeigen"), &EditorModel::fitMap)), m_model(model) {
     exportTrack->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
-    exportSingleTrack->setToolTip(tr("Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen. So "
-                                     "übernimmt Vandrel ihn als Strecke."));
+    exportSingleTrack->setToolTip(
+        tr("Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen, wie "
+           "ihn Navigations- und Reise-Apps importieren."));
     merge->setToolTip(tr("Alle Abschnitte in Lesereihenfolge zu einem zusammenfügen, damit sich "
                          "die Lücken dazwischen füllen lassen."));
     deletePoint->setShortcut(QKeySequence::Delete);

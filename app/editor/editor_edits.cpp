@@ -36,6 +36,7 @@ void EditorModel::failSessionWork(const SessionEffects& effects, const QString& 
     if (m_lentSession) {
         m_session = std::move(m_lentSession);
     }
+    updateUnsavedWork();
     setError(failure);
     if (effects.failureStatus) {
         setStatus(*effects.failureStatus);
@@ -55,6 +56,7 @@ void EditorModel::finishSessionWork(const SessionEffects& effects, const QString
     }
     clearError();
     m_timeFields.follow(*m_track, false);
+    updateUnsavedWork();
     refreshMap(false, effects.keeping);
     setStatus(status);
     emit trackChanged();

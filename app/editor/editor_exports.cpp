@@ -63,7 +63,7 @@ std::optional<QString> EditorExports::refusal() const {
     if (!m_model.track()) {
         return fixTimes;
     }
-    if (!m_model.timeFields().applied()) {
+    if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }
     if (!m_model.canShift()) {
@@ -73,7 +73,7 @@ std::optional<QString> EditorExports::refusal() const {
 }
 
 std::optional<QString> EditorExports::sectionRefusal() const {
-    if (!m_model.timeFields().applied()) {
+    if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }
     if (!selectedSegment(m_model)) {
@@ -111,8 +111,8 @@ void EditorExports::exportWhole(bool asSingleTrack) {
     const QString file = QFileInfo(*chosen).fileName();
     write({asSingleTrack ? EditorExport::Kind::singleTrack : EditorExport::Kind::whole,
            m_model.track(), m_model.timeFields().pendingShift(), 0, *chosen,
-           asSingleTrack ? tr("Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
-                              "aus GPX importieren. (") +
+           asSingleTrack ? tr("Gesichert als ein Track mit einem Abschnitt, wie ihn Navigations- "
+                              "und Reise-Apps importieren. (") +
                                file + QStringLiteral(")")
                          : tr("GPX exportiert: ") + file});
 }
@@ -142,8 +142,11 @@ void EditorExports::write(EditorExport plan) {
     m_model.setStatus(tr("GPX-Datei wird geschrieben …"));
     // Only the whole track counts as saving the edits.
     const auto* session = m_model.session();
-    TrackPtr saved =
-        plan.kind == EditorExport::Kind::section || !session ? nullptr : session->workingSource();
+    std::optional<EditorModel::WrittenState> saved;
+    if (plan.kind != EditorExport::Kind::section && session) {
+        saved =
+            EditorModel::WrittenState{session->workingSource(), session->timing(), plan.shiftTo};
+    }
     const QString successStatus = plan.successStatus;
     m_model.m_jobs.start<bool>(
         EditorModel::writeLane,
@@ -153,7 +156,7 @@ void EditorExports::write(EditorExport plan) {
         },
         [this, saved = std::move(saved), successStatus](bool) {
             if (saved) {
-                m_model.markExported(saved);
+                m_model.markExported(*saved);
             }
             m_model.clearError();
             m_model.setStatus(successStatus);

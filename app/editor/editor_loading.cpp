@@ -83,6 +83,8 @@ void EditorModel::acceptTimelineDay(std::string gpxData, const QString& title,
 void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                             std::function<QString(const GPXTrack&)> successStatus) {
     const bool removesAirRoutes = m_removeAirRoutes;
+    // A refusal about the previous file says nothing about the one being read.
+    clearError();
     setStatus(tr("Track wird eingelesen …"));
     m_jobs.start<SessionPtr>(
         loadLane,
@@ -113,11 +115,15 @@ void EditorModel::showNewSession(SessionPtr session) {
         emit removeAirRoutesChanged();
     }
     m_appendSummary.clear();
+    ++m_openedRevision;
+    m_jobs.retire(std::move(m_written.source));
+    m_written = {m_session->workingSource(), std::nullopt, std::nullopt};
     setStructuralDirty(false);
     m_mapTool.reset();
     m_timeFields.follow(*m_track, true);
     clearError();
     refreshMap(true, std::nullopt);
+    updateUnsavedWork();
     emit trackChanged();
 }
 
@@ -133,10 +139,15 @@ void EditorModel::appendTrack() {
     SessionEffects effects;
     effects.structural = true;
     effects.failureStatus = tr("Anhängen fehlgeschlagen. Der bisherige Track bleibt erhalten.");
-    effects.succeeded = [this, path = *path](const QString& report) {
+    // The session makes generated times the source's own before it appends.
+    const bool materializes = m_session->timing().has_value();
+    effects.succeeded = [this, path = *path, materializes](const QString& report) {
         protectFile(path);
         m_appendSummary = report;
         m_isSynthetic = false;
+        if (materializes) {
+            m_timeFields.adoptOwnTimes(*m_track);
+        }
     };
     runOnSession(
         [path = *path](GPXEditingSession& session) {

@@ -21,6 +21,7 @@ EditorModel::EditorModel(QSettings& settings, UserDialogs& dialogs,
       m_removeAirRoutes(storedFlag(settings, removeAirRoutesKey).value_or(true)),
       m_timeFields(*this, localZone), m_mapTool(*this), m_exports(*this) {
     connect(&m_jobs, &JobRunner::busyChanged, this, &EditorModel::busyChanged);
+    connect(&m_timeFields, &EditorTimeFields::changed, this, &EditorModel::updateUnsavedWork);
 }
 
 EditorModel::~EditorModel() {
@@ -189,10 +190,50 @@ QStringList EditorModel::protectedPaths() const {
     return paths;
 }
 
-void EditorModel::markExported(TrackPtr saved) {
+void EditorModel::markExported(WrittenState written) {
     m_jobs.retire(std::move(m_lastExportedSource));
-    m_lastExportedSource = std::move(saved);
+    m_lastExportedSource = written.source;
+    m_written = std::move(written);
     setStructuralDirty(false);
+    updateUnsavedWork();
+}
+
+namespace {
+
+bool sameTiming(const std::optional<Timing>& a, const std::optional<Timing>& b) {
+    if (!a || !b) {
+        return a.has_value() == b.has_value();
+    }
+    if (const auto* speed = std::get_if<TimingBySpeed>(&*a)) {
+        const auto* other = std::get_if<TimingBySpeed>(&*b);
+        return other && other->start == speed->start && other->kmh == speed->kmh;
+    }
+    const auto& endpoints = std::get<TimingByEndpoints>(*a);
+    const auto* other = std::get_if<TimingByEndpoints>(&*b);
+    return other && other->start == endpoints.start && other->end == endpoints.end;
+}
+
+// Undo states are kept packed, so an undone source is an equal track rather
+// than the same object; its bytes tell.
+bool sameSource(const TrackPtr& a, const TrackPtr& b) {
+    return a == b || (a && b && a->data() == b->data());
+}
+
+} // namespace
+
+void EditorModel::updateUnsavedWork() {
+    // While an edit runs the session is lent out; the answer of before stands
+    // until it comes back.
+    if (m_lentSession) {
+        return;
+    }
+    const bool unsaved = m_session && (!sameSource(m_session->workingSource(), m_written.source) ||
+                                       !sameTiming(m_session->timing(), m_written.timing) ||
+                                       m_timeFields.pendingShift() != m_written.shift);
+    if (unsaved != m_unsavedWork) {
+        m_unsavedWork = unsaved;
+        emit unsavedWorkChanged();
+    }
 }
 
 } // namespace trackloom

@@ -93,21 +93,34 @@ std::optional<double> EditorTimeFields::impliedSpeed() const {
     }
 }
 
+namespace {
+
+const Timing* displayedTiming(const EditorModel& model) {
+    const auto* session = model.session();
+    return session && session->timing() ? &*session->timing() : nullptr;
+}
+
+} // namespace
+
 bool EditorTimeFields::applied() const {
     if (!m_generate) {
         return true;
     }
-    const auto* session = m_model.session();
-    const auto* timing = session ? &session->timing() : nullptr;
-    if (!timing || !*timing) {
+    const auto* timing = displayedTiming(m_model);
+    return timing && !showsOtherTimes();
+}
+
+bool EditorTimeFields::showsOtherTimes() const {
+    const auto* timing = displayedTiming(m_model);
+    if (!m_generate || !timing) {
         return false;
     }
     if (m_generationMode == GenerationMode::speed) {
-        const auto* rule = std::get_if<TimingBySpeed>(&**timing);
-        return rule && rule->start == m_newStart && rule->kmh == m_syntheticSpeed;
+        const auto* rule = std::get_if<TimingBySpeed>(timing);
+        return !rule || rule->start != m_newStart || rule->kmh != m_syntheticSpeed;
     }
-    const auto* rule = std::get_if<TimingByEndpoints>(&**timing);
-    return rule && rule->start == m_newStart && rule->end == m_newEnd;
+    const auto* rule = std::get_if<TimingByEndpoints>(timing);
+    return !rule || rule->start != m_newStart || rule->end != m_newEnd;
 }
 
 std::optional<Instant> EditorTimeFields::pendingShift() const {
@@ -146,6 +159,12 @@ void EditorTimeFields::follow(const GPXTrack& track, bool anew) {
     const auto end = track.end();
     m_newStart = start;
     m_newEnd = end && *end > start ? *end : start.advanced(3600);
+    emit changed();
+}
+
+void EditorTimeFields::adoptOwnTimes(const GPXTrack& track) {
+    m_generate = false;
+    follow(track, true);
     emit changed();
 }
 

@@ -54,6 +54,10 @@ class EditorTimeFields : public QObject {
     /// The display shows what the fields ask for; shifting is applied while
     /// exporting and always counts as applied.
     bool applied() const;
+    /// The display shows generated times other than those the fields ask for,
+    /// so an export would write times the user no longer wants. Without
+    /// generated times the track's own times are shown and nothing is pending.
+    bool showsOtherTimes() const;
     /// The start to shift to while exporting, when shifting moves the track.
     std::optional<Instant> pendingShift() const;
     /// The zone times are shown and entered in: UTC or the local zone.
@@ -64,6 +68,9 @@ class EditorTimeFields : public QObject {
     /// Takes start and end from `track` unless the user chose them; `anew`
     /// forgets that choice first (another track was opened).
     void follow(const GPXTrack& track, bool anew);
+    /// Generated times became the times of `track` itself (a file was
+    /// appended): the fields shift again, from its start.
+    void adoptOwnTimes(const GPXTrack& track);
 
   signals:
     void changed();

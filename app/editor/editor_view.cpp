@@ -105,37 +105,66 @@ QWidget* EditorView::editorPage(EditorCommands& commands, TileSource* tiles) {
     return page;
 }
 
+namespace {
+
+// One line whatever the text: a long status or refusal is cut with "…" (the
+// whole text in the tool tip) instead of widening or heightening the window's
+// layout, which would make everything above it jump.
+class ElidedLabel : public QLabel {
+  public:
+    ElidedLabel() { setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed); }
+
+    void setFullText(const QString& text) {
+        m_full = text;
+        setToolTip(text);
+        elide();
+    }
+    const QString& fullText() const { return m_full; }
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override {
+        QLabel::resizeEvent(event);
+        elide();
+    }
+
+  private:
+    void elide() { setText(fontMetrics().elidedText(m_full, Qt::ElideRight, width())); }
+
+    QString m_full;
+};
+
+} // namespace
+
 QWidget* EditorView::statusLine() {
     auto* line = new QWidget;
     m_progress = new QProgressBar;
     m_progress->setRange(0, 0);
     m_progress->setMaximumWidth(120);
     m_progress->setTextVisible(false);
-    m_status = new QLabel;
-    m_error = new QLabel;
+    m_status = new ElidedLabel;
+    m_error = new ElidedLabel;
     m_error->setStyleSheet(QStringLiteral("color: #b00020;"));
-    m_error->setWordWrap(true);
     auto* layout = new QHBoxLayout(line);
     layout->setContentsMargins(8, 2, 8, 4);
     layout->addWidget(m_progress);
-    layout->addWidget(m_status);
+    layout->addWidget(m_status, 1);
     layout->addWidget(m_error, 1);
     return line;
 }
 
 QString EditorView::statusText() const {
-    return m_status->text();
+    return static_cast<const ElidedLabel*>(m_status)->fullText();
 }
 
 QString EditorView::errorText() const {
-    return m_error->text();
+    return static_cast<const ElidedLabel*>(m_error)->fullText();
 }
 
 void EditorView::refresh() {
     m_pages->setCurrentIndex(m_model.track() ? 1 : 0);
     m_progress->setVisible(m_model.busy());
-    m_status->setText(m_model.status());
-    m_error->setText(m_model.error().value_or(QString()));
+    static_cast<ElidedLabel*>(m_status)->setFullText(m_model.status());
+    static_cast<ElidedLabel*>(m_error)->setFullText(m_model.error().value_or(QString()));
 }
 
 } // namespace trackloom

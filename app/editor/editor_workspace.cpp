@@ -12,7 +12,8 @@ EditorWorkspace::EditorWorkspace(QSettings& settings, UserDialogs& dialogs, Tile
                                  const date::time_zone& localZone, QObject* parent)
     : Workspace(parent), m_dialogs(dialogs), m_tiles(tiles), m_model(settings, dialogs, localZone),
       m_commands(m_model) {
-    for (auto signal : {&EditorModel::trackChanged, &EditorModel::dirtyChanged}) {
+    for (auto signal : {&EditorModel::trackChanged, &EditorModel::dirtyChanged,
+                        &EditorModel::unsavedWorkChanged}) {
         connect(&m_model, signal, this, &Workspace::stateChanged);
     }
     connect(&m_model, &EditorModel::busyChanged, this, &Workspace::stateChanged);
@@ -74,8 +75,12 @@ void EditorWorkspace::redo() {
     m_model.redo();
 }
 
+QString EditorWorkspace::documentName() const {
+    return m_model.track() ? m_model.filename() : QString();
+}
+
 std::optional<UnsavedWork> EditorWorkspace::unsavedWork() const {
-    if (!m_model.structuralDirty()) {
+    if (!m_model.hasUnsavedWork()) {
         return std::nullopt;
     }
     return UnsavedWork{tr("Ungesicherte GPX-Bearbeitung"),

@@ -37,6 +37,7 @@ class EditorWorkspace : public Workspace, public TrackReceiver {
     bool canRedo() const override;
     void undo() override;
     void redo() override;
+    QString documentName() const override;
     std::optional<UnsavedWork> unsavedWork() const override;
     bool isBusy() const override;
 

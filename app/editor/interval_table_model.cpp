@@ -114,7 +114,7 @@ QString IntervalTableModel::text(const TrackLeg& leg, int column) const {
     case totalColumn:
         return decimalText(leg.cumulativeDistance / 1000, 3);
     case secondsColumn:
-        return leg.seconds ? shortDecimalText(*leg.seconds, 3) : QString();
+        return leg.seconds ? decimalText(*leg.seconds, 1) : QString();
     default:
         return leg.speed ? decimalText(*leg.speed, 1) : QString::fromStdString(*leg.problem);
     }

@@ -81,6 +81,13 @@ void IntervalTableView::showTrack() {
         m_rows->setTrack(m_model.track());
     }
     applyFilter();
+    // Another file starts at its first interval, not where the last one was left.
+    if (m_openedRevision != m_model.openedRevision()) {
+        m_openedRevision = m_model.openedRevision();
+        if (!m_model.selectedPointID()) {
+            m_table->scrollToTop();
+        }
+    }
 }
 
 void IntervalTableView::applyFilter() {

@@ -38,6 +38,7 @@ class IntervalTableView : public QWidget {
     QLabel* m_count;
     QTableView* m_table;
     bool m_selecting = false;
+    int m_openedRevision = -1;
 };
 
 } // namespace trackloom

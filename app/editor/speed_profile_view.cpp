@@ -15,8 +15,9 @@ constexpr double rightMargin = 12;
 constexpr double verticalMargin = 18;
 
 // Outliers (one GPS jump at 900 km/h) must not flatten the rest: the axis
-// ends a quarter above the speed that 95 % of the intervals stay under.
-double axisTopFor(const TrackAnalysis& analysis, double threshold) {
+// ends a little above the speed that 95 % of the intervals stay under. The
+// threshold does not widen it, or a walk would be a flat line at the bottom.
+double axisTopFor(const TrackAnalysis& analysis) {
     std::vector<double> speeds;
     for (const auto& leg : analysis.legs) {
         if (leg.speed) {
@@ -28,9 +29,9 @@ double axisTopFor(const TrackAnalysis& analysis, double threshold) {
         const auto k = static_cast<std::size_t>(static_cast<double>(speeds.size() - 1) * 0.95);
         std::nth_element(speeds.begin(), speeds.begin() + static_cast<std::ptrdiff_t>(k),
                          speeds.end());
-        top = speeds[k] * 1.25;
+        top = speeds[k] * 1.15;
     }
-    return std::max({top, threshold * 1.1, 1.0});
+    return std::max(top, 1.0);
 }
 
 } // namespace
@@ -69,7 +70,7 @@ void SpeedProfileView::rebuild() {
     m_columns.assign(static_cast<std::size_t>(plotArea().width()) + 1, Column{});
     if (m_track) {
         const auto& analysis = m_track->analysis();
-        m_axisTop = axisTopFor(analysis, m_model.threshold());
+        m_axisTop = axisTopFor(analysis);
         const double left = plotArea().left();
         for (const auto& leg : analysis.legs) {
             if (!leg.speed) {
@@ -87,6 +88,10 @@ void SpeedProfileView::rebuild() {
         }
     }
     update();
+}
+
+bool SpeedProfileView::thresholdShown() const {
+    return m_model.threshold() <= m_axisTop;
 }
 
 void SpeedProfileView::resizeEvent(QResizeEvent* event) {
@@ -133,10 +138,17 @@ void SpeedProfileView::paintEvent(QPaintEvent*) {
     }
     QPen dashed(QColor(204, 0, 0), 1, Qt::DashLine);
     painter.setPen(dashed);
-    const double thresholdY = yOf(m_model.threshold());
-    painter.drawLine(QPointF(area.left(), thresholdY), QPointF(area.right(), thresholdY));
-    painter.drawText(QPointF(area.left() + 4, thresholdY - 3),
-                     tr("Auffällig über ") + decimalText(m_model.threshold(), 1) + tr(" km/h"));
+    const QString thresholdText =
+        tr("Auffällig über ") + decimalText(m_model.threshold(), 1) + tr(" km/h");
+    if (thresholdShown()) {
+        const double thresholdY = yOf(m_model.threshold());
+        painter.drawLine(QPointF(area.left(), thresholdY), QPointF(area.right(), thresholdY));
+        painter.drawText(QPointF(area.left() + 4, thresholdY - 3), thresholdText);
+    } else {
+        // Above the axis: a marker at the top edge says where it is.
+        painter.drawText(QRectF(area.left(), 0, area.width() - 4, verticalMargin),
+                         Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("↑ ") + thresholdText);
+    }
     if (const auto selected = selectedDistance()) {
         painter.setPen(QPen(QColor(255, 140, 0), 2));
         painter.drawLine(QPointF(xOf(*selected), area.top()),

@@ -3,7 +3,8 @@
 // Speed over distance: each pixel column shows the slowest and the fastest
 // valid interval that falls into it, so the profile of a track with hundreds
 // of thousands of intervals paints as fast as that of a short one. A dashed
-// line marks the "Auffällig über" threshold; a click selects the interval.
+// line marks the "Auffällig über" threshold when it is on the axis; a click
+// selects the interval.
 
 #include "core/track/gpx_track.h"
 
@@ -24,6 +25,9 @@ class SpeedProfileView : public QWidget {
     QSize sizeHint() const override { return {600, 160}; }
     /// The top of the speed axis in km/h.
     double axisTop() const { return m_axisTop; }
+    /// The threshold lies on the axis and is drawn as a line; otherwise a
+    /// marker at the top edge names it.
+    bool thresholdShown() const;
 
   protected:
     void paintEvent(QPaintEvent* event) override;

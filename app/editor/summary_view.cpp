@@ -80,8 +80,9 @@ void SummaryView::refresh() {
     }
     const auto& analysis = track->analysis();
     const auto timeText = [this](std::optional<Instant> time) {
-        return time ? wallClockOf(*time, m_model.timeFields().zone())
-                          .toString(tr("dd.MM.yyyy HH:mm:ss"))
+        const auto& zone = m_model.timeFields().zone();
+        return time ? wallClockOf(*time, zone).toString(tr("dd.MM.yyyy HH:mm:ss")) +
+                          QStringLiteral(" ") + QString::fromStdString(std::string(zone.name()))
                     : QStringLiteral("–");
     };
     set(tr("Name"), QString::fromStdString(track->name()));

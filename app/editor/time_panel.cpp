@@ -12,7 +12,9 @@
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
@@ -31,6 +33,40 @@ QWidget* row(QWidget* field, QWidget* calendar) {
     return holder;
 }
 
+// Dates and times typed as a whole: a click selects the section under the
+// cursor (digits typed into an unselected section would make the text invalid
+// and be dropped), and separators follow the sections as they are typed.
+class TypedDateTimeEdit : public QDateTimeEdit {
+  public:
+    using QDateTimeEdit::QDateTimeEdit;
+
+  protected:
+    // A full section moves on by itself; the separator typed after it must not
+    // move on a second time, or "10.05.2025" would put "05" into the year.
+    void keyPressEvent(QKeyEvent* event) override {
+        const QString text = event->text();
+        const bool separator = !text.isEmpty() && !text.front().isDigit() && text.front().isPrint();
+        if (separator && m_movedOn) {
+            m_movedOn = false;
+            event->accept();
+            return;
+        }
+        const int before = currentSectionIndex();
+        QDateTimeEdit::keyPressEvent(event);
+        m_movedOn = !separator && !text.isEmpty() && currentSectionIndex() != before;
+    }
+
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        QDateTimeEdit::mouseReleaseEvent(event);
+        if (!lineEdit()->hasSelectedText()) {
+            setSelectedSection(currentSection());
+        }
+    }
+
+  private:
+    bool m_movedOn = false;
+};
+
 void group(QRadioButton* a, QRadioButton* b) {
     auto* buttons = new QButtonGroup(a);
     buttons->addButton(a);
@@ -45,14 +81,14 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
       m_bySpeed(new QRadioButton(tr("Aus einer Geschwindigkeit"))),
       m_byEndpoints(new QRadioButton(tr("Aus Start und Ende"))),
       m_utc(new QCheckBox(tr("Zeiten in UTC statt in Ortszeit"))), m_startLabel(new QLabel),
-      m_start(dateTimeEdit()), m_startDay(new DataCalendarButton(model.timeFields().zone())),
-      m_end(dateTimeEdit()), m_endDay(new DataCalendarButton(model.timeFields().zone())),
-      m_speed(new QDoubleSpinBox), m_feedback(new QLabel),
-      m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
+      m_endLabel(new QLabel), m_start(dateTimeEdit()),
+      m_startDay(new DataCalendarButton(model.timeFields().zone())), m_end(dateTimeEdit()),
+      m_endDay(new DataCalendarButton(model.timeFields().zone())), m_speed(new QDoubleSpinBox),
+      m_feedback(new QLabel), m_apply(new QPushButton(tr("Zeiten erzeugen"))) {
     group(m_shift, m_generate);
     group(m_bySpeed, m_byEndpoints);
     m_speed->setRange(0, 100000);
-    m_speed->setDecimals(4);
+    m_speed->setDecimals(1);
     m_speed->setSuffix(tr(" km/h"));
     m_feedback->setWordWrap(true);
     for (DataCalendarButton* day : {m_startDay, m_endDay}) {
@@ -62,7 +98,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     auto* form = new QFormLayout;
     form->addRow(m_startLabel, row(m_start, m_startDay));
     m_endRow = row(m_end, m_endDay);
-    form->addRow(tr("Ende"), m_endRow);
+    form->addRow(m_endLabel, m_endRow);
     form->addRow(tr("Geschwindigkeit"), m_speed);
 
     auto* modes = new QHBoxLayout;
@@ -85,7 +121,7 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
 }
 
 QDateTimeEdit* TimePanel::dateTimeEdit() {
-    auto* edit = new QDateTimeEdit;
+    auto* edit = new TypedDateTimeEdit;
     edit->setDisplayFormat(tr("dd.MM.yyyy HH:mm:ss"));
     edit->setTimeSpec(Qt::UTC);
     return edit;
@@ -135,8 +171,14 @@ void TimePanel::refresh() {
         m_byEndpoints->setChecked(byEndpoints);
         m_bySpeed->setChecked(!byEndpoints);
         m_utc->setChecked(utc);
-        m_start->setDateTime(wallClockOf(fields.newStart(), fields.zone()));
-        m_end->setDateTime(wallClockOf(fields.newEnd(), fields.zone()));
+        // Setting the same value again would reset the section being typed in.
+        for (const auto& [edit, instant] :
+             {std::pair{m_start, fields.newStart()}, std::pair{m_end, fields.newEnd()}}) {
+            const QDateTime wanted = wallClockOf(instant, fields.zone());
+            if (edit->dateTime() != wanted) {
+                edit->setDateTime(wanted);
+            }
+        }
         m_speed->setValue(fields.syntheticSpeed());
     }
     // Counting a long track's days takes a moment; only another track or zone needs it.
@@ -152,7 +194,11 @@ void TimePanel::refresh() {
         }
         day->setDays(instant);
     }
-    m_startLabel->setText(generating ? tr("Start") : tr("Neuer Start"));
+    // Every time shown says in which zone it is.
+    const QString zoneName = QString::fromStdString(std::string(fields.zone().name()));
+    m_startLabel->setText((generating ? tr("Start") : tr("Neuer Start")) + QStringLiteral(" (") +
+                          zoneName + QStringLiteral(")"));
+    m_endLabel->setText(tr("Ende") + QStringLiteral(" (") + zoneName + QStringLiteral(")"));
     for (QWidget* choice : {static_cast<QWidget*>(m_bySpeed), static_cast<QWidget*>(m_byEndpoints),
                             static_cast<QWidget*>(m_apply)}) {
         choice->setVisible(generating);

@@ -31,6 +31,7 @@ class TimePanel : public QWidget {
     QPushButton* applyButton() const { return m_apply; }
     /// What the panel says about the fields: the implied speed, a refusal or a note.
     QString feedback() const;
+    QDateTimeEdit* startEdit() const { return m_start; }
 
   private:
     void refresh();
@@ -44,6 +45,7 @@ class TimePanel : public QWidget {
     QRadioButton* m_byEndpoints;
     QCheckBox* m_utc;
     QLabel* m_startLabel;
+    QLabel* m_endLabel;
     QDateTimeEdit* m_start;
     DataCalendarButton* m_startDay;
     QWidget* m_endRow;

@@ -121,7 +121,14 @@ void MainWindow::workspaceStateChanged(Workspace* workspace) {
 
 void MainWindow::updateTitle() {
     // The application's display name is added by the platform; "[*]" marks unsaved work.
-    setWindowTitle((m_active ? m_active->title() : QString()) + QStringLiteral("[*]"));
+    QString title = m_active ? m_active->title() : QString();
+    if (const QString document = m_active ? m_active->documentName() : QString();
+        !document.isEmpty()) {
+        title = document + QStringLiteral("[*] – ") + title;
+    } else {
+        title += QStringLiteral("[*]");
+    }
+    setWindowTitle(title);
     const bool unsaved = std::ranges::any_of(
         m_workspaces, [](const Workspace* w) { return w->unsavedWork().has_value(); });
     setWindowModified(unsaved);

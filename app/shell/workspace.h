@@ -60,6 +60,9 @@ class Workspace : public QObject {
     virtual QString undoText() const { return {}; }
     virtual QString redoText() const { return {}; }
 
+    /// The name of what is open in the workspace (a file name) for the window
+    /// title; empty when nothing is.
+    virtual QString documentName() const { return {}; }
     /// What quitting now would lose, or nothing.
     virtual std::optional<UnsavedWork> unsavedWork() const = 0;
     /// A file is being read or written in the background.

@@ -48,6 +48,14 @@ void normalize(xml::Element element, std::string_view otherNamespace, xml::Eleme
     }
 }
 
+GPXTrack::EditableCopy copyToJoin(const GPXTrack& track) {
+    try {
+        return track.editableCopy();
+    } catch (const GPXError&) {
+        throw GPXError(joinFailed);
+    }
+}
+
 class Combiner {
   public:
     Combiner(GPXTrack::EditableCopy& copy, std::string_view namespaceURI)
@@ -64,10 +72,14 @@ class Combiner {
     /// The other file's content, copied into this document (still in its own
     /// namespace).
     Content cloneOther(const GPXTrack& other) {
-        const auto otherRoot = *other.xml().root();
-        declareMissingNamespaces(otherRoot);
-        return collect(other, otherRoot,
-                       [&](xml::Element element) { return element.copyInto(m_copy.document); });
+        auto otherCopy = copyToJoin(other);
+        declareMissingNamespaces(otherCopy.root, other.namespaceURI());
+        return collect(other, otherCopy.root, [&](xml::Element element) {
+            if (element.namespaceURI() != m_namespace || element.prefix() != m_copy.root.prefix()) {
+                retarget(otherCopy, element, other.namespaceURI());
+            }
+            return element.copyInto(m_copy.document);
+        });
     }
 
     void clearRoot() {
@@ -105,7 +117,8 @@ class Combiner {
             if (isAirRoute(track, index++)) {
                 content.airRoutes.push_back(taken);
             } else {
-                convertToTrack(taken, sourceNamespace);
+                // Taken elements of the other file may be in our namespace already.
+                convertToTrack(taken, taken.namespaceURI());
                 content.tracks.push_back(taken);
             }
         }
@@ -125,9 +138,33 @@ class Combiner {
         route.appendChild(segment);
     }
 
-    void declareMissingNamespaces(xml::Element otherRoot) {
+    /// Moves an element of the other file into this file's namespace while it
+    /// is still in its own document. A copy declares the namespaces it uses on
+    /// itself; had it kept the other GPX namespace, that declaration would
+    /// outlive the renaming and, with an equal prefix, take the names back.
+    void retarget(GPXTrack::EditableCopy& otherCopy, xml::Element element,
+                  std::string_view otherNamespace) {
+        const auto prefix = m_copy.root.prefix();
+        const auto declared = element.namespaceDeclarations();
+        if (std::any_of(declared.begin(), declared.end(),
+                        [&](const auto& existing) { return existing.first == prefix; })) {
+            return;
+        }
+        element.declareNamespace(prefix, m_namespace);
+        const auto model = otherCopy.document.createElement("gpx", m_namespace, prefix, element);
+        normalize(element, otherNamespace, model);
+    }
+
+    /// Declarations the other file's extension content may need. Its GPX
+    /// namespace is not among them: its elements move into ours, and a
+    /// declaration of it (above all a default one) would change what our own
+    /// unprefixed names mean, or lend elements created later another prefix.
+    void declareMissingNamespaces(xml::Element otherRoot, std::string_view otherNamespace) {
         const auto own = m_copy.root.namespaceDeclarations();
         for (const auto& declaration : otherRoot.namespaceDeclarations()) {
+            if (declaration.second == otherNamespace || declaration.first == m_copy.root.prefix()) {
+                continue;
+            }
             const bool declared = std::any_of(own.begin(), own.end(), [&](const auto& existing) {
                 return existing.first == declaration.first;
             });
@@ -140,14 +177,6 @@ class Combiner {
     GPXTrack::EditableCopy& m_copy;
     std::string_view m_namespace;
 };
-
-GPXTrack::EditableCopy copyToJoin(const GPXTrack& track) {
-    try {
-        return track.editableCopy();
-    } catch (const GPXError&) {
-        throw GPXError(joinFailed);
-    }
-}
 
 } // namespace
 

@@ -117,6 +117,47 @@ TEST_F(AppendAndExport, ExportsTheTrackAsShownAndMarksTheEditsSaved) {
     EXPECT_EQ(model().lastExportedSource(), model().session()->workingSource());
 }
 
+TEST_F(AppendAndExport, AppendingKeepsGeneratedTimesAndTheAppendedFilesOwn) {
+    openDocument(gpxDocument({walk(3)}));
+    model().timeFields().setGenerate(true);
+    model().timeFields().setNewStart(testTime(3600));
+    model().previewGenerated();
+    settle();
+    append(gpxDocument({walk(2, 100000)}));
+    ASSERT_TRUE(model().status().startsWith("Track angehängt")) << model().status().toStdString();
+    EXPECT_FALSE(model().timeFields().generate()) << "the generated times are the track's own now";
+    EXPECT_FALSE(model().timeFields().pendingShift());
+
+    const auto target = folder.filePath("zusammen.gpx");
+    dialogs.filesToSave = {target};
+    model().exports().exportTrack();
+    settle();
+    ASSERT_EQ(error(), "");
+    const auto written = readBack(target);
+    ASSERT_EQ(written->points().size(), 5u);
+    EXPECT_EQ(written->points()[0].time, testTime(3600));
+    EXPECT_EQ(written->points()[3].time, testTime(100000));
+    EXPECT_EQ(written->points()[4].time, testTime(100060));
+}
+
+TEST_F(AppendAndExport, ChoosingGenerationAloneKeepsTheOwnTimesExportable) {
+    openDocument(gpxDocument({walk(3)}));
+    model().timeFields().setGenerate(true);
+    const auto target = folder.filePath("eigen.gpx");
+    dialogs.filesToSave = {target};
+    model().exports().exportTrack();
+    settle();
+    ASSERT_EQ(error(), "");
+    EXPECT_EQ(readBack(target)->start(), testTime(0));
+
+    // Generated times other than those the fields now ask for are still refused.
+    model().previewGenerated();
+    settle();
+    model().timeFields().setSyntheticSpeed(7);
+    model().exports().exportTrack();
+    EXPECT_EQ(error(), "Bitte übernimm zuerst die gewünschten Zeiten.");
+}
+
 TEST_F(AppendAndExport, ShiftsToTheChosenStartWhileExporting) {
     openDocument(gpxDocument({walk(3)}));
     model().timeFields().setNewStart(testTime(86400));
@@ -146,7 +187,7 @@ TEST_F(AppendAndExport, RefusesExportsUntilTimesAreUsable) {
     model().timeFields().setGenerate(true);
     model().timeFields().setNewStart(testTime(0));
     model().exports().exportSingleTrack();
-    EXPECT_EQ(error(), "Bitte übernimm zuerst die gewünschten Zeiten.");
+    EXPECT_EQ(error(), "Bitte erzeuge oder korrigiere zuerst die Zeitstempel.");
     model().previewGenerated();
     settle();
     model().timeFields().setSyntheticSpeed(30);
@@ -159,8 +200,8 @@ TEST_F(AppendAndExport, RefusesExportsUntilTimesAreUsable) {
     dialogs.filesToSave = {target};
     model().exports().exportSingleTrack();
     settle();
-    EXPECT_EQ(model().status(), "Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route "
-                                "aus GPX importieren. (ein-track.gpx)");
+    EXPECT_EQ(model().status(), "Gesichert als ein Track mit einem Abschnitt, wie ihn Navigations- "
+                                "und Reise-Apps importieren. (ein-track.gpx)");
     EXPECT_EQ(dialogs.saveRequests.back().second, "runde (ein Track).gpx");
     EXPECT_EQ(readBack(target)->start(), model().timeFields().newStart());
 }

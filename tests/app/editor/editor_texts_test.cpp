@@ -40,6 +40,8 @@ TEST_F(IntervalTable, ShowsEveryLegOrOnlyTheSuspiciousOnes) {
     EXPECT_EQ(table.data(table.index(3, IntervalTableModel::speedColumn)).toString(),
               "Identische Zeitstempel");
     EXPECT_EQ(table.data(table.index(2, IntervalTableModel::totalColumn)).toString(), "0,334");
+    // One decimal in every row, also for whole seconds, so that the column lines up.
+    EXPECT_EQ(table.data(table.index(0, IntervalTableModel::secondsColumn)).toString(), "60,0");
 
     table.setFilter(true, 6);
     ASSERT_EQ(table.rowCount(), 4);

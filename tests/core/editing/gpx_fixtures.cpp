@@ -1,5 +1,10 @@
 #include "gpx_fixtures.h"
 
+#include "core/base/file_io.h"
+
+#include <algorithm>
+#include <filesystem>
+
 namespace trackloom::testing {
 namespace {
 
@@ -44,6 +49,23 @@ std::string withoutTimeElements(const std::string& xml) {
         position = open + 1;
     }
     return result;
+}
+
+std::vector<std::pair<std::string, TrackPtr>> readableCorpusTracks() {
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(TRACKLOOM_CORPUS_DIR "/gpx")) {
+        files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    std::vector<std::pair<std::string, TrackPtr>> tracks;
+    for (const auto& file : files) {
+        try {
+            tracks.emplace_back(file.filename().string(),
+                                GPXTrack::read(readFileBytes(file), file.filename().string()));
+        } catch (const GPXError&) {
+        }
+    }
+    return tracks;
 }
 
 } // namespace trackloom::testing

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace trackloom::testing {
 
@@ -65,5 +67,8 @@ template <typename Action> std::string refusal(Action action) {
 /// The document with every element whose local name is "time" taken out, so that
 /// two documents can be compared for everything except their times.
 std::string withoutTimeElements(const std::string& xml);
+
+/// Every file of the GPX corpus that reads, with its file name, in name order.
+std::vector<std::pair<std::string, TrackPtr>> readableCorpusTracks();
 
 } // namespace trackloom::testing

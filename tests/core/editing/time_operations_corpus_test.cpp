@@ -13,22 +13,7 @@
 namespace trackloom {
 namespace {
 
-std::vector<std::pair<std::string, TrackPtr>> readableCorpusTracks() {
-    std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(TRACKLOOM_CORPUS_DIR "/gpx")) {
-        files.push_back(entry.path());
-    }
-    std::sort(files.begin(), files.end());
-    std::vector<std::pair<std::string, TrackPtr>> tracks;
-    for (const auto& file : files) {
-        try {
-            tracks.emplace_back(file.filename().string(),
-                                GPXTrack::read(readFileBytes(file), file.filename().string()));
-        } catch (const GPXError&) {
-        }
-    }
-    return tracks;
-}
+using testing::readableCorpusTracks;
 
 TEST(TimeOperationsOnCorpus, ShiftingMovesEveryPointAndChangesNothingElse) {
     const auto target = testing::at("2030-01-01T00:00:00Z");

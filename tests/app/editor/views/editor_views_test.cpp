@@ -18,9 +18,11 @@
 #include "tests/app/support/scripted_dialogs.h"
 
 #include <QCheckBox>
+#include <QDateTimeEdit>
 #include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -108,6 +110,13 @@ TEST_F(EditorScreens, IntervalTableFollowsAndSetsTheSelection) {
     model.selectPoint(151);
     EXPECT_EQ(view.table()->currentIndex().row(), 151);
 
+    // Another file opens at its top, however far down the last one was.
+    model.selectPoint(230);
+    ASSERT_GT(view.table()->verticalScrollBar()->value(), 0);
+    loadSample();
+    EXPECT_EQ(view.table()->verticalScrollBar()->value(), 0);
+    model.selectPoint(151);
+
     model.setThreshold(50);
     view.findChild<QCheckBox*>()->setChecked(true);
     ASSERT_EQ(view.rows()->rowCount(), 1);
@@ -119,7 +128,15 @@ TEST_F(EditorScreens, SpeedProfileSelectsTheIntervalUnderAClick) {
     SpeedProfileView view(model);
     show(view, {600, 200});
     loadSample();
-    EXPECT_GT(view.axisTop(), model.threshold());
+    // The axis follows the ride, not the far higher threshold, which only a
+    // marker names until it comes into range.
+    EXPECT_LT(view.axisTop(), 40);
+    EXPECT_GT(view.axisTop(), 15);
+    EXPECT_FALSE(view.thresholdShown());
+    model.setThreshold(20);
+    EXPECT_TRUE(view.thresholdShown());
+    EXPECT_LT(view.axisTop(), 40);
+    model.setThreshold(80);
     QTest::mouseClick(&view, Qt::LeftButton, {}, QPoint(view.width() - 14, 100));
     ASSERT_TRUE(model.selectedPointID());
     EXPECT_GT(*model.selectedPointID(), 230);
@@ -132,7 +149,7 @@ TEST_F(EditorScreens, SummaryShowsTheFiguresOfTheTrack) {
     EXPECT_EQ(view.value("Punkte"), "–");
     loadSample();
     EXPECT_EQ(view.value("Punkte"), "241");
-    EXPECT_EQ(view.value("Start"), "01.06.2025 08:30:00");
+    EXPECT_EQ(view.value("Start"), "01.06.2025 08:30:00 UTC");
     EXPECT_EQ(view.value("Gültige Intervalle"), "240");
 }
 
@@ -152,6 +169,17 @@ TEST_F(EditorScreens, TimePanelShowsTheImpliedSpeedAndGeneratesOnRequest) {
     settle();
     EXPECT_EQ(model.status(), "Zeitstempel mit 20 km/h erzeugt. Bereit zum Export.");
     EXPECT_TRUE(panel.feedback().endsWith("Übernommen."));
+}
+
+TEST_F(EditorScreens, TypedDigitsSetTheStartAfterAClick) {
+    TimePanel panel(model);
+    show(panel, {400, 500});
+    loadSample();
+    QDateTimeEdit* start = panel.startEdit();
+    QTest::mouseClick(start, Qt::LeftButton, {}, QPoint(6, start->height() / 2));
+    QTest::keyClicks(start, "10.05.2025 08:00:00");
+    EXPECT_EQ(start->dateTime().toString("dd.MM.yyyy HH:mm:ss"), "10.05.2025 08:00:00");
+    EXPECT_EQ(model.timeFields().newStart(), *GPXTrack::parseTime("2025-05-10T08:00:00Z"));
 }
 
 TEST_F(EditorScreens, EditPanelPassesTheSplitNamesOn) {
@@ -186,6 +214,7 @@ TEST_F(EditorScreens, WorkspaceAnswersTheShell) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
     }
     EXPECT_FALSE(workspace.unsavedWork());
+    EXPECT_EQ(workspace.documentName(), "Beispielrunde.gpx");
     workspace.model().selectPoint(0);
     workspace.model().deleteSelected();
     while (workspace.isBusy()) {
