@@ -370,16 +370,16 @@
         <translation>Show whole track</translation>
     </message>
     <message>
-        <source>Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen. So übernimmt Vandrel ihn als Strecke.</source>
-        <translation>One track of one section, without waypoints and routes. That way Vandrel takes it as a route.</translation>
-    </message>
-    <message>
         <source>Alle Abschnitte in Lesereihenfolge zu einem zusammenfügen, damit sich die Lücken dazwischen füllen lassen.</source>
         <translation>Join all sections into one in reading order, so that the gaps between them can be filled.</translation>
     </message>
     <message>
         <source>Die Einstellung wird für weitere Importe gemerkt.</source>
         <translation>The setting is remembered for further imports.</translation>
+    </message>
+    <message>
+        <source>Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen, wie ihn Navigations- und Reise-Apps importieren.</source>
+        <translation>One track of one section, without waypoints and routes, as navigation and travel apps import it.</translation>
     </message>
 </context>
 <context>
@@ -405,10 +405,6 @@
         <translation>Save edited GPX track</translation>
     </message>
     <message>
-        <source>Gesichert. In Vandrel: Strecke öffnen → Gefahrene Route → Route aus GPX importieren. (</source>
-        <translation>Saved. In Vandrel: open the route → Ridden route → Import route from GPX. (</translation>
-    </message>
-    <message>
         <source>GPX exportiert: </source>
         <translation>GPX exported: </translation>
     </message>
@@ -427,6 +423,10 @@
     <message>
         <source>Export fehlgeschlagen.</source>
         <translation>Export failed.</translation>
+    </message>
+    <message>
+        <source>Gesichert als ein Track mit einem Abschnitt, wie ihn Navigations- und Reise-Apps importieren. (</source>
+        <translation>Saved as one track of one section, as navigation and travel apps import it. (</translation>
     </message>
 </context>
 <context>
