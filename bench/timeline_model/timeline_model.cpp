@@ -88,7 +88,8 @@ int main(int argc, char** argv) {
         // The days show in the new zone first; their summaries follow.
         const auto change = bench::untilIdle([&] { return model.zoneIdentifier() != zone; },
                                              [&] { model.changeZone(zone); }, i == 0);
-        const auto summaries = bench::untilIdle(busy, [] {}, false);
+        const auto summaries = bench::untilIdle(
+            busy, [] {}, false);
         if (i == 0) {
             zonePauses.push_back(change.longestPause);
         } else {

@@ -4,9 +4,9 @@
 
 #include "core/base/gpx_error.h"
 #include "core/base/json_writer.h"
+#include "core/base/text_trimming.h"
 #include "core/places/heat_cells.h"
 #include "core/places/place_analysis.h"
-#include "core/base/text_trimming.h"
 #include "core/timeline/timeline_document.h"
 #include "core/track/number_parsing.h"
 #include "core/track/track_time.h"
