@@ -21,15 +21,18 @@ xmlParserInputPtr refuseExternalEntity(const char*, const char*, xmlParserCtxtPt
 void ignoreGenericError(void*, const char*, ...) noexcept {}
 
 void prepareParser() {
-    // Encoding problems are reported outside the parser context; they must not
-    // reach the terminal, the parser's own error decides the message.
-    xmlSetGenericErrorFunc(nullptr, ignoreGenericError);
+    // libxml2 sets up its globals lazily and without a lock: two threads that
+    // parse at once for the first time would both make them. So the set-up
+    // comes first, once, before any other call into the library.
     static std::once_flag once;
     std::call_once(once, [] {
         xmlInitParser();
         xmlThrDefSetGenericErrorFunc(nullptr, ignoreGenericError);
         xmlSetExternalEntityLoader(refuseExternalEntity);
     });
+    // Encoding problems are reported outside the parser context; they must not
+    // reach the terminal, the parser's own error decides the message.
+    xmlSetGenericErrorFunc(nullptr, ignoreGenericError);
 }
 
 struct ParseState {
