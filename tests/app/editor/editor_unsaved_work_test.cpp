@@ -53,26 +53,24 @@ TEST_F(UnsavedWork, AShiftedStartCountsUntilItIsExportedOrTakenBack) {
 }
 
 TEST_F(UnsavedWork, UndoingBackToTheWrittenStateLeavesNothingUnsaved) {
+    // An edit is unsaved work until it is undone again.
+    const auto deleteAndUndo = [this](std::int64_t point) {
+        model().selectPoint(point);
+        model().deleteSelected();
+        settle();
+        EXPECT_TRUE(model().hasUnsavedWork());
+        model().undo();
+        settle();
+        EXPECT_FALSE(model().hasUnsavedWork());
+    };
     openDocument(gpxDocument({walk(4)}));
-    model().selectPoint(1);
-    model().deleteSelected();
-    settle();
-    EXPECT_TRUE(model().hasUnsavedWork());
-    model().undo();
-    settle();
-    EXPECT_FALSE(model().hasUnsavedWork());
+    deleteAndUndo(1);
     EXPECT_TRUE(model().structuralDirty()) << "the replacement question keeps its own rule";
 
     model().redo();
     settle();
     exportTo("ohne.gpx");
-    model().selectPoint(0);
-    model().deleteSelected();
-    settle();
-    EXPECT_TRUE(model().hasUnsavedWork());
-    model().undo();
-    settle();
-    EXPECT_FALSE(model().hasUnsavedWork());
+    deleteAndUndo(0);
     model().undo();
     settle();
     EXPECT_TRUE(model().hasUnsavedWork()) << "the opened state was not what was exported";
