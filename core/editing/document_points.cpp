@@ -5,8 +5,12 @@
 
 namespace trackloom {
 std::vector<xml::Element> pointElements(const GPXTrack& track, xml::Element root) {
+    return pointElements(track.namespaceURI(), root);
+}
+
+std::vector<xml::Element> pointElements(std::string_view namespaceURI, xml::Element root) {
     std::vector<xml::Element> elements;
-    for (const auto& node : track.pointNodes(root)) {
+    for (const auto& node : GPXTrack::pointNodes(root, namespaceURI)) {
         elements.push_back(node.element);
     }
     return elements;
@@ -33,10 +37,8 @@ TrackPtr readBack(GPXTrack::EditableCopy copy, const GPXTrack& track,
         }
         ++index;
     }
-    const auto bytes = copy.document.serialize();
-    // The copy is as large as the result; free it before parsing that.
-    { const auto released = std::move(copy.document); }
-    return GPXTrack::read(bytes, track.name(), std::move(knownAirRouteIDs));
+    return GPXTrack::readEdited(std::move(copy.document), track.name(),
+                                std::move(knownAirRouteIDs));
 }
 
 } // namespace trackloom

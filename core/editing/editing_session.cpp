@@ -10,12 +10,12 @@
 namespace trackloom {
 namespace {
 
-std::string generatedBy(const GPXTrack& track, const TimingBySpeed& rule) {
-    return generated(track, rule.start, rule.kmh);
+TrackPtr generatedBy(const TrackPtr& track, const TimingBySpeed& rule) {
+    return generatedTrack(track, rule.start, rule.kmh);
 }
 
-std::string generatedBy(const GPXTrack& track, const TimingByEndpoints& rule) {
-    return generated(track, rule.start, rule.end);
+TrackPtr generatedBy(const TrackPtr& track, const TimingByEndpoints& rule) {
+    return generatedTrack(track, rule.start, rule.end);
 }
 
 } // namespace
@@ -38,9 +38,7 @@ TrackPtr GPXEditingSession::rendered(const TrackPtr& source, const std::optional
     if (!timing) {
         return base;
     }
-    const auto bytes =
-        std::visit([&](const auto& rule) { return generatedBy(*base, rule); }, *timing);
-    return GPXTrack::read(bytes, base->name());
+    return std::visit([&](const auto& rule) { return generatedBy(base, rule); }, *timing);
 }
 
 void GPXEditingSession::setRemovesAirRoutes(bool removesAirRoutes) {

@@ -1,9 +1,10 @@
 #pragma once
 
-// Operations that move or compute a track's timestamps. Each writes a copy of the
-// track's document and returns its bytes; only the time elements they write
-// change, and the track itself never does. Refusals are `GPXError`s, checked in
-// the order documented below.
+// Operations that move or compute a track's timestamps. Each writes the track's
+// document with new times and returns its bytes, or the track it stands for;
+// only the time elements they write change. The track itself never does: its
+// document is taken over only when the caller hands in the last reference.
+// Refusals are `GPXError`s, checked in the order documented below.
 
 #include "core/track/gpx_track.h"
 
@@ -26,6 +27,12 @@ std::string generated(const GPXTrack& track, Instant start, double speedKMH);
 /// point lies exactly at `start` and the last exactly at `end`. Refuses what
 /// `requiredSpeed` refuses.
 std::string generated(const GPXTrack& track, Instant start, Instant end);
+
+/// The same operations as tracks named like `track`, with the read-back's
+/// refusals; `track`'s document is reused when this was its last reference.
+TrackPtr shiftedTrack(TrackPtr track, Instant target);
+TrackPtr generatedTrack(TrackPtr track, Instant start, double speedKMH);
+TrackPtr generatedTrack(TrackPtr track, Instant start, Instant end);
 
 /// The constant speed in km/h that a start and end imply. Refuses, in this order:
 /// a start or end outside the years 1 to 9999 (UTC), an end not after the start, a

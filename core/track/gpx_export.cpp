@@ -17,18 +17,19 @@ void removeAll(const std::vector<xml::Element>& elements) {
 
 } // namespace
 
-std::vector<GPXTrack::PointNode> GPXTrack::pointNodes(xml::Element root) const {
+std::vector<GPXTrack::PointNode> GPXTrack::pointNodes(xml::Element root,
+                                                      std::string_view namespaceURI) {
     std::vector<PointNode> nodes;
-    for (const auto track : children(root, "trk", m_namespace)) {
-        for (const auto segment : children(track, "trkseg", m_namespace)) {
-            for (const auto point : children(segment, "trkpt", m_namespace)) {
+    for (const auto track : children(root, "trk", namespaceURI)) {
+        for (const auto segment : children(track, "trkseg", namespaceURI)) {
+            for (const auto point : children(segment, "trkpt", namespaceURI)) {
                 nodes.push_back({point, std::nullopt});
             }
         }
     }
     std::int64_t route = 0;
-    for (const auto container : children(root, "rte", m_namespace)) {
-        for (const auto point : children(container, "rtept", m_namespace)) {
+    for (const auto container : children(root, "rte", namespaceURI)) {
+        for (const auto point : children(container, "rtept", namespaceURI)) {
             nodes.push_back({point, route});
         }
         ++route;
@@ -67,7 +68,7 @@ TrackPtr GPXTrack::exportingSegment(std::int64_t segmentID) const {
     for (const auto metadata : children(copy.root, "metadata", m_namespace)) {
         removeAll(children(metadata, "bounds", m_namespace));
     }
-    return read(copy.document.serialize(), m_name);
+    return readEdited(std::move(copy.document), m_name);
 }
 
 } // namespace trackloom

@@ -16,13 +16,25 @@ class GPXTrackReader {
   public:
     GPXTrackReader(GPXTrack& track, xml::Element root) : m_track(track), m_root(root) {}
 
+    /// Every derived view and the analysis, in the order the refusals rank.
+    void run(std::string_view filename,
+             const std::optional<std::set<std::int64_t>>& knownAirRouteIDs) {
+        m_track.m_namespace = std::string(m_root.namespaceURI());
+        readPoints();
+        nameSegments();
+        detectAirRoutes(knownAirRouteIDs);
+        nameTrack(filename);
+        countAuxiliaryInvalidTimes();
+        m_track.m_analysis = TrackAnalysis::analyze(m_track.m_points);
+    }
+
+  private:
     void readPoints();
     void nameSegments();
     void detectAirRoutes(const std::optional<std::set<std::int64_t>>& knownAirRouteIDs);
     void nameTrack(std::string_view filename);
     void countAuxiliaryInvalidTimes();
 
-  private:
     struct Container {
         xml::Element element;
         bool isRoute;
@@ -232,29 +244,47 @@ void GPXTrackReader::countAuxiliaryInvalidTimes() {
     m_track.m_auxiliaryInvalidTimes = failing;
 }
 
-TrackPtr GPXTrack::read(std::string_view data, std::string_view filename,
-                        std::optional<std::set<std::int64_t>> knownAirRouteIDs) {
-    if (data.size() > maximumGPXFileSize) {
+namespace {
+
+void refuseOversized(std::size_t size) {
+    if (size > maximumGPXFileSize) {
         throw GPXError("Die Datei ist größer als 50 MB. Bitte teile den Track vor dem Import auf.");
     }
-    auto track = std::make_shared<GPXTrack>(Passkey{}, parseDocument(data));
-    const auto root = track->m_xml.root();
+}
+
+TrackPtr derived(std::shared_ptr<GPXTrack> track, std::string_view filename,
+                 const std::optional<std::set<std::int64_t>>& knownAirRouteIDs) {
+    const auto root = track->xml().root();
     if (!root || root->localName() != "gpx") {
         throw GPXError("Die Datei ist keine GPX-Datei. Das gpx-Wurzelelement fehlt.");
     }
     if (!isSupportedNamespace(root->namespaceURI())) {
         throw GPXError("Der GPX-Namensraum dieser Datei wird nicht unterstützt.");
     }
-    track->m_namespace = std::string(root->namespaceURI());
-
     GPXTrackReader reader(*track, *root);
-    reader.readPoints();
-    reader.nameSegments();
-    reader.detectAirRoutes(knownAirRouteIDs);
-    reader.nameTrack(filename);
-    reader.countAuxiliaryInvalidTimes();
-    track->m_analysis = TrackAnalysis::analyze(track->m_points);
+    reader.run(filename, knownAirRouteIDs);
     return track;
+}
+
+} // namespace
+
+TrackPtr GPXTrack::read(std::string_view data, std::string_view filename,
+                        std::optional<std::set<std::int64_t>> knownAirRouteIDs) {
+    refuseOversized(data.size());
+    return derived(std::make_shared<GPXTrack>(Passkey{}, parseDocument(data)), filename,
+                   knownAirRouteIDs);
+}
+
+TrackPtr GPXTrack::readEdited(xml::Document document, std::string_view filename,
+                              std::optional<std::set<std::int64_t>> knownAirRouteIDs) {
+    // Text the parser would refuse: parsing the bytes gives exactly its refusal.
+    if (document.holdsUnwritableText()) {
+        return read(document.serialize(), filename, std::move(knownAirRouteIDs));
+    }
+    // The bytes are measured, not kept: writing them costs a fraction of a parse.
+    refuseOversized(document.serialize().size());
+    return derived(std::make_shared<GPXTrack>(Passkey{}, std::move(document)), filename,
+                   knownAirRouteIDs);
 }
 
 } // namespace trackloom

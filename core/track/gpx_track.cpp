@@ -26,14 +26,32 @@ std::string GPXTrack::data() const {
     return m_xml.serialize();
 }
 
-GPXTrack::EditableCopy GPXTrack::editableCopy() const {
-    auto document = m_xml.copy();
+namespace {
+
+GPXTrack::EditableCopy editable(xml::Document document) {
     const auto root = document.root();
     if (!root) {
         throw GPXError("Die GPX-Datei konnte nicht kopiert werden.");
     }
     document.setEncoding("UTF-8");
-    return EditableCopy{std::move(document), *root};
+    return GPXTrack::EditableCopy{std::move(document), *root};
+}
+
+} // namespace
+
+GPXTrack::EditableCopy GPXTrack::editableCopy() const {
+    return editable(m_xml.copy());
+}
+
+GPXTrack::EditableCopy GPXTrack::editableDocument(TrackPtr track) {
+    if (track.use_count() != 1) {
+        return track->editableCopy();
+    }
+    // The track was made non-const; with no other reference, taking its document
+    // is invisible to everyone.
+    auto document = std::move(const_cast<GPXTrack&>(*track).m_xml);
+    track.reset();
+    return editable(std::move(document));
 }
 
 TrackPtr GPXTrack::removingAirRoutes() const {
@@ -46,7 +64,7 @@ TrackPtr GPXTrack::removingAirRoutes() const {
         auto route = routes[static_cast<std::size_t>(airRoute.id)];
         route.remove();
     }
-    return read(copy.document.serialize(), m_name);
+    return readEdited(std::move(copy.document), m_name);
 }
 
 double GPXTrack::distance(const TrackPoint& from, const TrackPoint& to) {

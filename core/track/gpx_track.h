@@ -2,7 +2,7 @@
 
 // An opened GPX file: the parsed document, kept with every detail for faithful
 // export, plus flat views derived from it once at construction. Immutable; every
-// edit builds a new document and reads it back into a new GPXTrack.
+// edit builds a new document and derives a new GPXTrack from it.
 
 #include "core/base/xml/xml_document.h"
 #include "core/track/track_analysis.h"
@@ -33,6 +33,12 @@ class GPXTrack : public std::enable_shared_from_this<GPXTrack> {
     /// replaces the geometric air-route test when a rewritten document is read back.
     static TrackPtr read(std::string_view data, std::string_view filename,
                          std::optional<std::set<std::int64_t>> knownAirRouteIDs = std::nullopt);
+    /// The track an edited document (an editable copy after its changes) stands
+    /// for: the same track, refusals included, as `read` of its serialisation,
+    /// but derived from the tree as it is instead of parsing its bytes again.
+    static TrackPtr
+    readEdited(xml::Document document, std::string_view filename,
+               std::optional<std::set<std::int64_t>> knownAirRouteIDs = std::nullopt);
 
     GPXTrack(Passkey, xml::Document document);
     GPXTrack(const GPXTrack&) = delete;
@@ -63,6 +69,9 @@ class GPXTrack : public std::enable_shared_from_this<GPXTrack> {
         xml::Element root;
     };
     EditableCopy editableCopy() const;
+    /// The same, but the document itself when `track` is the only reference to
+    /// it: nobody can see the track change, so it is released and nothing copied.
+    static EditableCopy editableDocument(TrackPtr track);
 
     /// A point element of a document copy, with the index of its `rte` among the
     /// routes (absent for a `trkpt`).
@@ -70,9 +79,9 @@ class GPXTrack : public std::enable_shared_from_this<GPXTrack> {
         xml::Element element;
         std::optional<std::int64_t> route;
     };
-    /// The point elements under `root` (a copy of this track's document) in
-    /// reading order, so that position i holds the point whose id is i.
-    std::vector<PointNode> pointNodes(xml::Element root) const;
+    /// The point elements under `root` (a copy of the document of a track in this
+    /// namespace) in reading order, so that position i holds the point whose id is i.
+    static std::vector<PointNode> pointNodes(xml::Element root, std::string_view namespaceURI);
 
     /// A new track holding only the segment `segmentID`: other segments, tracks
     /// left empty, other routes, waypoints and bounding boxes are dropped, all

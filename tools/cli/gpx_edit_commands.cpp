@@ -23,13 +23,9 @@ std::string saved(const TrackPtr& result, const FileArguments& arguments) {
     return saveTrack(*result, arguments.out, {arguments.file});
 }
 
-std::string saved(const std::string& bytes, const FileArguments& arguments) {
-    return saveBytes(bytes, arguments.out, {arguments.file});
-}
-
 /// Registers `gpx NAME FILE … -o OUT`: `addOptions` adds the command's own options
 /// to an `Arguments` (a `FileArguments`), `edit` turns the opened track and them
-/// into the result, a track or a document's bytes.
+/// into the resulting track.
 template <typename Arguments, typename AddOptions, typename Edit>
 void addEditCommand(CLI::App& gpx, CommandRegistry& registry, const std::string& name,
                     const std::string& description, AddOptions addOptions, Edit edit) {
@@ -40,8 +36,9 @@ void addEditCommand(CLI::App& gpx, CommandRegistry& registry, const std::string&
     command->add_option("-o", arguments->out, "Ausgabedatei")->required();
     command->callback([arguments, &registry, edit] {
         registry.choose([arguments, edit] {
-            const auto track = openTrack(arguments->file);
-            return saved(edit(*track, *arguments), *arguments);
+            // The track goes to the edit as the only reference, so that an edit
+            // of the whole document can reuse it instead of copying it.
+            return saved(edit(openTrack(arguments->file), *arguments), *arguments);
         });
     });
 }
@@ -66,8 +63,8 @@ void addTimeCommands(CLI::App& gpx, CommandRegistry& registry) {
                 ->required()
                 ->check(trackTime);
         },
-        [](const GPXTrack& track, const Shift& arguments) {
-            return shifted(track, timeArgument(arguments.start));
+        [](TrackPtr track, const Shift& arguments) {
+            return shiftedTrack(std::move(track), timeArgument(arguments.start));
         });
 
     struct Generate : FileArguments {
@@ -84,10 +81,11 @@ void addTimeCommands(CLI::App& gpx, CommandRegistry& registry) {
             mode->add_option("--end", arguments.end, "Ende")->check(trackTime);
             mode->require_option(1);
         },
-        [](const GPXTrack& track, const Generate& arguments) {
+        [](TrackPtr track, const Generate& arguments) {
             const auto start = timeArgument(arguments.start);
-            return arguments.speed ? generated(track, start, *arguments.speed)
-                                   : generated(track, start, timeArgument(arguments.end));
+            return arguments.speed
+                       ? generatedTrack(std::move(track), start, *arguments.speed)
+                       : generatedTrack(std::move(track), start, timeArgument(arguments.end));
         });
 }
 
@@ -125,8 +123,8 @@ void addSectionCommands(CLI::App& gpx, CommandRegistry& registry) {
             command.add_option("--first", arguments.first, "Name des ersten Teils")->required();
             command.add_option("--second", arguments.second, "Name des zweiten Teils")->required();
         },
-        [](const GPXTrack& track, const Split& arguments) {
-            return splitting(track, arguments.at, arguments.first, arguments.second);
+        [](TrackPtr track, const Split& arguments) {
+            return splitting(*track, arguments.at, arguments.first, arguments.second);
         });
 
     struct Trim : FileArguments {
@@ -140,15 +138,15 @@ void addSectionCommands(CLI::App& gpx, CommandRegistry& registry) {
             side->add_option("--after", arguments.after, "Punkt-ID des neuen Endes");
             side->require_option(1);
         },
-        [](const GPXTrack& track, const Trim& arguments) {
-            return arguments.before ? trimmingBefore(track, *arguments.before)
-                                    : trimmingAfter(track, *arguments.after);
+        [](TrackPtr track, const Trim& arguments) {
+            return arguments.before ? trimmingBefore(*track, *arguments.before)
+                                    : trimmingAfter(*track, *arguments.after);
         });
 
     addEditCommand<FileArguments>(
         gpx, registry, "merge", "Fügt alle Abschnitte zu einem zusammen",
         [](CLI::App&, FileArguments&) {},
-        [](const GPXTrack& track, const FileArguments&) { return mergingSegments(track); });
+        [](TrackPtr track, const FileArguments&) { return mergingSegments(*track); });
 
     struct Single : FileArguments {
         std::string name;
@@ -158,8 +156,8 @@ void addSectionCommands(CLI::App& gpx, CommandRegistry& registry) {
         [](CLI::App& command, Single& arguments) {
             command.add_option("--name", arguments.name, "Name des Tracks");
         },
-        [](const GPXTrack& track, const Single& arguments) {
-            return singleTrack(track, arguments.name);
+        [](TrackPtr track, const Single& arguments) {
+            return singleTrack(*track, arguments.name);
         });
 }
 
@@ -174,8 +172,8 @@ void addPointCommands(CLI::App& gpx, CommandRegistry& registry) {
                 ->required()
                 ->check(parsedBy(parseIDs, "ID[,ID…]"));
         },
-        [](const GPXTrack& track, const Delete& arguments) {
-            return removingPoints(track, *parseIDs(arguments.points));
+        [](TrackPtr track, const Delete& arguments) {
+            return removingPoints(*track, *parseIDs(arguments.points));
         });
 
     struct Move : FileArguments {
@@ -190,8 +188,8 @@ void addPointCommands(CLI::App& gpx, CommandRegistry& registry) {
                 ->required()
                 ->check(parsedBy(parseCoordinate, "LAT,LON"));
         },
-        [](const GPXTrack& track, const Move& arguments) {
-            return movingPoint(track, arguments.point, *parseCoordinate(arguments.to));
+        [](TrackPtr track, const Move& arguments) {
+            return movingPoint(*track, arguments.point, *parseCoordinate(arguments.to));
         });
 
     struct Insert : FileArguments {
@@ -206,8 +204,8 @@ void addPointCommands(CLI::App& gpx, CommandRegistry& registry) {
                 ->required()
                 ->check(parsedBy(parseCoordinates, "LAT,LON[;LAT,LON…]"));
         },
-        [](const GPXTrack& track, const Insert& arguments) {
-            return inserting(track, *parseCoordinates(arguments.coordinates), arguments.after);
+        [](TrackPtr track, const Insert& arguments) {
+            return inserting(*track, *parseCoordinates(arguments.coordinates), arguments.after);
         });
 }
 

@@ -1,7 +1,6 @@
 #include "tools/cli/gpx_edit_support.h"
 
 #include <charconv>
-#include <filesystem>
 
 namespace trackloom::cli {
 namespace {
@@ -28,15 +27,6 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 }
 
 } // namespace
-
-std::string saveBytes(const std::string& bytes, const std::string& destination,
-                      const std::vector<std::string>& opened) {
-    // The serialiser writes an untouched document exactly as it was read, so the
-    // track read from the bytes writes them back unchanged.
-    const auto track =
-        GPXTrack::read(bytes, std::filesystem::path(destination).filename().string());
-    return saveTrack(*track, destination, opened);
-}
 
 std::optional<std::int64_t> parseInteger(const std::string& text) {
     return number<std::int64_t>(text);

@@ -14,11 +14,6 @@
 
 namespace trackloom::cli {
 
-/// Writes exactly `bytes` (a whole GPX document) like `saveTrack`; throws
-/// `GPXError` when they are no readable GPX.
-std::string saveBytes(const std::string& bytes, const std::string& destination,
-                      const std::vector<std::string>& opened);
-
 /// The whole text as an integer; nothing for any other text.
 std::optional<std::int64_t> parseInteger(const std::string& text);
 /// The whole text as a decimal number; nothing for any other text.

@@ -49,6 +49,11 @@ std::string Document::serialize() const {
     return serializeDocument(m_doc.get());
 }
 
+bool Document::holdsUnwritableText() const {
+    const auto* layout = detail::layoutOf(m_doc.get());
+    return layout != nullptr && layout->holdsUnwritableText();
+}
+
 Element Document::createElement(std::string_view localName, std::string_view namespaceURI,
                                 std::string_view prefix, Element scope) {
     const std::string name(localName);

@@ -136,6 +136,10 @@ class Document {
     /// declaration and a byte-order mark), changed and created ones generated.
     /// A document read in another encoding is written as UTF-8, declared so.
     std::string serialize() const;
+    /// Whether a text or attribute value set since parsing holds characters XML
+    /// cannot carry (control characters, malformed UTF-8): the serialisation
+    /// then does not parse again.
+    bool holdsUnwritableText() const;
 
     /// A new element in the namespace with this URI, not yet linked. A declaration
     /// for the namespace already in scope at `scope` is reused; `prefix` is used

@@ -1,3 +1,4 @@
+#include "core/base/xml/xml_characters.h"
 #include "core/base/xml/xml_document.h"
 #include "core/base/xml/xml_internal.h"
 #include "core/base/xml/xml_layout.h"
@@ -151,6 +152,7 @@ std::optional<Element> Element::parent() const {
 void Element::setText(std::string_view text) {
     const std::string value(text);
     const OwnedText escaped(xmlEncodeSpecialChars(m_node->doc, asXml(value)));
+    detail::noteWrittenText(m_node->doc, text);
     detail::markDirty(m_node);
     xmlNodeSetContent(m_node, escaped.get());
 }
@@ -158,6 +160,7 @@ void Element::setText(std::string_view text) {
 void Element::setAttribute(std::string_view name, std::string_view value) {
     const std::string key(name);
     const std::string text(value);
+    detail::noteWrittenText(m_node->doc, value);
     detail::markTagChanged(m_node);
     xmlSetNsProp(m_node, nullptr, asXml(key), asXml(text));
 }

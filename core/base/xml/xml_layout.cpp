@@ -5,6 +5,8 @@
 
 #include "core/base/xml/xml_layout.h"
 
+#include "core/base/xml/xml_characters.h"
+
 #include <algorithm>
 #include <libxml/tree.h>
 
@@ -354,11 +356,20 @@ void copyDocumentSpans(const xmlDoc* original, xmlDoc* copy) {
         return;
     }
     Layout& to = ensureLayout(copy);
+    if (from->holdsUnwritableText()) {
+        to.noteUnwritableText();
+    }
     SourceMap sources(*from, to);
     const xmlNode* top = original->children;
     xmlNode* copiedTop = copy->children;
     for (; top != nullptr && copiedTop != nullptr; top = top->next, copiedTop = copiedTop->next) {
         copyTreeSpans(top, copiedTop, to, sources);
+    }
+}
+
+void noteWrittenText(xmlDoc* doc, std::string_view text) {
+    if (!isXMLCharacterData(text)) {
+        ensureLayout(doc).noteUnwritableText();
     }
 }
 

@@ -58,11 +58,16 @@ class Layout {
     /// the tree, or freed by the caller); nothing happens for a node it does not own.
     void forgetUnlinked(_xmlNode* node);
 
+    /// Some text written since parsing is not XML character data.
+    bool holdsUnwritableText() const { return m_unwritableText; }
+    void noteUnwritableText() { m_unwritableText = true; }
+
   private:
     static constexpr std::size_t blockSize = 4096;
     std::vector<std::shared_ptr<const std::string>> m_sources;
     std::vector<std::unique_ptr<Span[]>> m_blocks;
     std::size_t m_usedInLastBlock = blockSize;
+    bool m_unwritableText = false;
     // Created, copied and detached nodes until they are linked. Last, so that
     // they go before the spans they point to.
     std::unordered_map<_xmlNode*, OwnedNode> m_unlinked;
@@ -100,6 +105,10 @@ std::string_view startTagName(std::string_view tag);
 /// empty text for the default namespace). A copied element may carry
 /// declarations its tag lacks, which it needs only where its new place does.
 bool startTagDeclares(std::string_view tag, std::string_view prefix);
+
+/// Remembers in the document's layout when `text`, about to be written into it,
+/// is not XML character data.
+void noteWrittenText(_xmlDoc* doc, std::string_view text);
 
 /// Marks `node` and its ancestors as no longer matching their bytes as a whole.
 void markDirty(_xmlNode* node);

@@ -193,6 +193,27 @@ TEST(XmlEditing, DeepDocumentsAreWrittenWithoutRecursion) {
     EXPECT_EQ(document.copy().serialize(), replacing(deep, "x", "y"));
 }
 
+TEST(XmlEditing, TextXMLCannotCarryIsNoticedAndCopied) {
+    const auto written = [](std::string_view text, bool asAttribute) {
+        auto document = Document::parse("<a><b/></a>");
+        auto element = *document.root()->firstChild("b", "");
+        asAttribute ? element.setAttribute("v", text) : element.setText(text);
+        return document.copy().holdsUnwritableText();
+    };
+    for (const std::string_view fine : {"Tab\tLF\nCR\r", "Zürich", "🚲", "\xEF\xBF\xBD", ""}) {
+        EXPECT_FALSE(written(fine, false)) << fine;
+        EXPECT_FALSE(written(fine, true)) << fine;
+    }
+    // Control characters, U+FFFE, a UTF-16 surrogate, an overlong slash, a stray
+    // continuation byte, a truncated sequence and a code point past U+10FFFF.
+    for (const std::string_view unwritable : {"A\x01", "\xEF\xBF\xBE", "\xED\xA0\x80", "\xC0\xAF",
+                                              "\x80", "\xE2\x82", "\xF4\x90\x80\x80"}) {
+        EXPECT_TRUE(written(unwritable, false)) << unwritable;
+        EXPECT_TRUE(written(unwritable, true)) << unwritable;
+    }
+    EXPECT_FALSE(Document::parse("<a>&#x1F6B2;</a>").holdsUnwritableText());
+}
+
 TEST(XmlEncodings, OtherEncodingsAreWrittenAsDeclaredUtf8) {
     const std::string latin1 = "<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n"
                                "<gpx><name>M\xFCnchen</name></gpx>\n";

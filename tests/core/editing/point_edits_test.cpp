@@ -77,6 +77,11 @@ TEST(Splitting, Refusals) {
               "Bitte gib beiden Abschnitten einen Namen.");
     EXPECT_EQ(refusal([&] { splitting(*track, 1, "A", "\n\u00a0"); }),
               "Bitte gib beiden Abschnitten einen Namen.");
+    // Names XML cannot carry are refused as the written file would be on reading.
+    const std::string unreadable = "Die Datei enthält kein lesbares GPX-XML: ";
+    EXPECT_EQ(refusal([&] { splitting(*track, 1, "A\x01", "B"); }).rfind(unreadable, 0), 0u);
+    EXPECT_EQ(refusal([&] { splitting(*track, 1, "A", "\xC3("); }).rfind(unreadable, 0), 0u);
+    EXPECT_EQ(refusal([&] { splitting(*track, 1, "A\tB", "Zürich 🚲"); }), "");
 }
 
 TEST(Trimming, RemovesEverythingBeforeOrAfterAcrossSections) {

@@ -54,6 +54,22 @@ TEST(Shifting, MovesEveryKindOfTimeByTheSameOffset) {
     EXPECT_EQ(testing::withoutTimeElements(bytes), testing::withoutTimeElements(track->data()));
 }
 
+TEST(Shifting, ReusesADocumentOnlyWhenNobodyElseHoldsTheTrack) {
+    const auto bytes =
+        gpx11("<trk><trkseg>" + point("trkpt", 1, 1, timed("2024-05-01T10:00:00Z")) +
+              point("trkpt", 1, 2, timed("2024-05-01T11:00:00Z")) + "</trkseg></trk>");
+    const auto target = at("2025-01-01T00:00:00Z");
+    const auto shared = trackFrom(bytes);
+    const auto fromShared = shiftedTrack(shared, target);
+    EXPECT_EQ(shared->data(), bytes) << "a track somebody still holds never changes";
+    EXPECT_EQ(shared->points()[0].time, at("2024-05-01T10:00:00Z"));
+
+    const auto fromSole = shiftedTrack(trackFrom(bytes), target);
+    EXPECT_EQ(fromSole->data(), fromShared->data());
+    EXPECT_EQ(fromSole->data(), shifted(*shared, target));
+    expectNear(fromSole->points()[1].time, at("2025-01-01T01:00:00Z"));
+}
+
 TEST(Shifting, MovesTheRootTimeOfGPX10AndLeavesUnreadableTimesAlone) {
     // The reader only counts the first metadata's times, so a second one with an
     // unreadable time does not stop the shift; it must come through untouched.

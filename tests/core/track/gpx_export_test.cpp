@@ -96,7 +96,7 @@ TEST(SectionExport, RefusesSegmentsThatDoNotExist) {
 TEST(PointNodes, FollowTheReadingOrderOfPointIds) {
     const auto track = readGPX(file);
     auto copy = track->editableCopy();
-    const auto nodes = track->pointNodes(copy.root);
+    const auto nodes = GPXTrack::pointNodes(copy.root, track->namespaceURI());
     ASSERT_EQ(nodes.size(), track->points().size());
     for (std::size_t i = 0; i < nodes.size(); ++i) {
         EXPECT_EQ(std::stod(*nodes[i].element.attribute("lat")), track->points()[i].latitude);
@@ -108,7 +108,7 @@ TEST(PointNodes, FollowTheReadingOrderOfPointIds) {
 TEST(EditableCopy, EditsLeaveTheTrackAndTheRestOfTheFileAlone) {
     const auto track = readGPX(file);
     auto copy = track->editableCopy();
-    const auto nodes = track->pointNodes(copy.root);
+    const auto nodes = GPXTrack::pointNodes(copy.root, track->namespaceURI());
     nodes[0].element.firstChild("time", track->namespaceURI())->setText("2025-06-01T08:30:00Z");
     const auto edited = GPXTrack::read(copy.document.serialize(), track->name());
     EXPECT_EQ(edited->data(),

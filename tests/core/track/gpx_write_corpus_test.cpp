@@ -73,7 +73,7 @@ std::string_view tagName(std::string_view text, std::size_t at) {
 
 TEST_P(GpxWriteCorpus, ChangingOneTimeChangesOnlyItsText) {
     auto copy = m_track->editableCopy();
-    const auto nodes = m_track->pointNodes(copy.root);
+    const auto nodes = GPXTrack::pointNodes(copy.root, m_track->namespaceURI());
     std::size_t index = 0;
     while (index < nodes.size() &&
            !nodes[index].element.firstChild("time", m_track->namespaceURI())) {
