@@ -13,12 +13,38 @@ bool EditorModel::requireEditable() {
         setError(tr("Bitte öffne zuerst einen Track."));
         return false;
     }
-    // While an edit runs its session is lent out; the screens disable commands meanwhile.
+    if (isEditing()) {
+        setError(tr("Bitte warte, bis die laufende Bearbeitung fertig ist."));
+        return false;
+    }
     return m_session != nullptr;
 }
 
-void EditorModel::runOnSession(SessionWork work, SessionEffects effects) {
+bool EditorModel::queuedWhileEditing(std::function<void()> request) {
+    if (!isEditing()) {
+        return false;
+    }
+    m_queued.push_back(std::move(request));
+    const auto waiting = m_queued.size() == 1
+                             ? tr("1 weitere Aktion vorgemerkt")
+                             : tr("%1 weitere Aktionen vorgemerkt").arg(m_queued.size());
+    setStatus(m_running + QStringLiteral(" · ") + waiting);
+    return true;
+}
+
+void EditorModel::runNextQueued() {
+    if (m_queued.empty()) {
+        return;
+    }
+    const auto next = std::move(m_queued.front());
+    m_queued.pop_front();
+    next();
+}
+
+void EditorModel::runOnSession(SessionWork work, SessionEffects effects, const QString& running) {
     m_lentSession = std::move(m_session);
+    m_running = running;
+    setStatus(running);
     emit trackChanged();
     m_jobs.start<QString>(
         editLane,
@@ -41,6 +67,11 @@ void EditorModel::failSessionWork(const SessionEffects& effects, const QString& 
     if (effects.failureStatus) {
         setStatus(*effects.failureStatus);
     }
+    if (!m_queued.empty()) {
+        // They were asked for on top of what was just refused.
+        m_queued.clear();
+        setStatus(m_status + QStringLiteral(" ") + tr("Vorgemerkte Aktionen wurden verworfen."));
+    }
     emit trackChanged();
 }
 
@@ -60,10 +91,12 @@ void EditorModel::finishSessionWork(const SessionEffects& effects, const QString
     refreshMap(false, effects.keeping);
     setStatus(status);
     emit trackChanged();
+    runNextQueued();
 }
 
 void EditorModel::editSelected(std::function<void(GPXEditingSession&, std::int64_t)> edit,
-                               const QString& done, std::optional<std::int64_t> keeping) {
+                               const QString& running, const QString& done,
+                               std::optional<std::int64_t> keeping) {
     if (!requireEditable()) {
         return;
     }
@@ -79,34 +112,52 @@ void EditorModel::editSelected(std::function<void(GPXEditingSession&, std::int64
             edit(session, displayed);
             return done;
         },
-        std::move(effects));
+        std::move(effects), running);
 }
 
 void EditorModel::splitSelected() {
+    if (queuedWhileEditing([this] { splitSelected(); })) {
+        return;
+    }
     editSelected(
         [first = m_firstPartName.toStdString(), second = m_secondPartName.toStdString()](
             GPXEditingSession& session, std::int64_t at) { session.split(at, first, second); },
+        tr("Track wird geteilt …"),
         tr("Track geteilt. Beide Abschnitte behalten den gemeinsamen Grenzpunkt."),
         m_selectedPointID);
 }
 
 void EditorModel::trimBeforeSelected() {
+    if (queuedWhileEditing([this] { trimBeforeSelected(); })) {
+        return;
+    }
     editSelected([](GPXEditingSession& session, std::int64_t at) { session.trimStart(at); },
-                 tr("Alle Punkte vor dem gewählten entfernt."), 0);
+                 tr("Punkte werden entfernt …"), tr("Alle Punkte vor dem gewählten entfernt."), 0);
 }
 
 void EditorModel::trimAfterSelected() {
+    if (queuedWhileEditing([this] { trimAfterSelected(); })) {
+        return;
+    }
     editSelected([](GPXEditingSession& session, std::int64_t at) { session.trimEnd(at); },
-                 tr("Alle Punkte nach dem gewählten entfernt."), m_selectedPointID);
+                 tr("Punkte werden entfernt …"), tr("Alle Punkte nach dem gewählten entfernt."),
+                 m_selectedPointID);
 }
 
 void EditorModel::deleteSelected() {
-    // The point after the deleted one takes its place in the selection.
+    // The point after the deleted one takes its place in the selection, so a
+    // second Delete pressed while the first runs takes the next point.
+    if (queuedWhileEditing([this] { deleteSelected(); })) {
+        return;
+    }
     editSelected([](GPXEditingSession& session, std::int64_t at) { session.deletePoint(at); },
-                 tr("Punkt gelöscht."), m_selectedPointID);
+                 tr("Punkt wird gelöscht …"), tr("Punkt gelöscht."), m_selectedPointID);
 }
 
 void EditorModel::mergeSegments() {
+    if (queuedWhileEditing([this] { mergeSegments(); })) {
+        return;
+    }
     if (!requireEditable()) {
         return;
     }
@@ -118,10 +169,13 @@ void EditorModel::mergeSegments() {
             session.mergeSegments();
             return tr("Alle Abschnitte zu einem zusammengefügt.");
         },
-        std::move(effects));
+        std::move(effects), tr("Abschnitte werden zusammengefügt …"));
 }
 
 void EditorModel::undo() {
+    if (queuedWhileEditing([this] { undo(); })) {
+        return;
+    }
     if (!canUndo()) {
         return;
     }
@@ -133,10 +187,13 @@ void EditorModel::undo() {
             session.undo();
             return tr("Track-Bearbeitung rückgängig gemacht.");
         },
-        std::move(effects));
+        std::move(effects), tr("Rückgängig …"));
 }
 
 void EditorModel::redo() {
+    if (queuedWhileEditing([this] { redo(); })) {
+        return;
+    }
     if (!canRedo()) {
         return;
     }
@@ -148,10 +205,13 @@ void EditorModel::redo() {
             session.redo();
             return tr("Track-Bearbeitung wiederhergestellt.");
         },
-        std::move(effects));
+        std::move(effects), tr("Wiederherstellen …"));
 }
 
 void EditorModel::previewGenerated() {
+    if (queuedWhileEditing([this] { previewGenerated(); })) {
+        return;
+    }
     if (const auto refusal = m_timeFields.generationError()) {
         setError(*refusal);
         return;
@@ -169,7 +229,7 @@ void EditorModel::previewGenerated() {
                 return tr("Zeitstempel mit ") + shortDecimalText(kmh, 2) +
                        tr(" km/h erzeugt. Bereit zum Export.");
             },
-            std::move(effects));
+            std::move(effects), tr("Zeitstempel werden erzeugt …"));
         return;
     }
     runOnSession(
@@ -179,7 +239,7 @@ void EditorModel::previewGenerated() {
             return tr("Start und Ende übernommen · Ø ") + decimalText(average, 1) +
                    tr(" km/h · Bereit zum Export.");
         },
-        std::move(effects));
+        std::move(effects), tr("Zeitstempel werden erzeugt …"));
 }
 
 void EditorModel::setAirRouteRemoval(bool remove) {
@@ -197,8 +257,8 @@ void EditorModel::setAirRouteRemoval(bool remove) {
         setStatus(done);
         return;
     }
-    if (!m_session) {
-        // An edit runs; the screens keep showing the choice that is in effect.
+    if (queuedWhileEditing([this, remove] { setAirRouteRemoval(remove); })) {
+        // The screens keep showing the choice in effect until it runs.
         emit removeAirRoutesChanged();
         return;
     }
@@ -210,7 +270,9 @@ void EditorModel::setAirRouteRemoval(bool remove) {
             session.setRemovesAirRoutes(remove);
             return done;
         },
-        std::move(effects));
+        std::move(effects),
+        remove ? tr("Luftlinien-Routen werden ausgeblendet …")
+               : tr("Luftlinien-Routen werden eingeblendet …"));
 }
 
 void EditorModel::dragPoint(std::int64_t displayed, Coordinate to) {
@@ -225,7 +287,7 @@ void EditorModel::dragPoint(std::int64_t displayed, Coordinate to) {
             session.move(displayed, to);
             return tr("Punkt verschoben.");
         },
-        std::move(effects));
+        std::move(effects), tr("Punkt wird verschoben …"));
 }
 
 } // namespace trackloom

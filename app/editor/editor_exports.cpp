@@ -63,6 +63,9 @@ std::optional<QString> EditorExports::refusal() const {
     if (!m_model.track()) {
         return fixTimes;
     }
+    if (m_model.isEditing()) {
+        return EditorModel::tr("Bitte warte, bis die laufende Bearbeitung fertig ist.");
+    }
     if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }
@@ -73,6 +76,9 @@ std::optional<QString> EditorExports::refusal() const {
 }
 
 std::optional<QString> EditorExports::sectionRefusal() const {
+    if (m_model.isEditing()) {
+        return EditorModel::tr("Bitte warte, bis die laufende Bearbeitung fertig ist.");
+    }
     if (m_model.timeFields().showsOtherTimes()) {
         return tr("Bitte übernimm zuerst die gewünschten Zeiten.");
     }

@@ -103,6 +103,7 @@ void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()
 void EditorModel::showNewSession(SessionPtr session) {
     // An edit of the replaced session is dropped, whenever it ends.
     m_jobs.cancel(editLane);
+    m_queued.clear();
     m_jobs.retire(std::move(m_lentSession));
     m_jobs.retire(std::move(m_session));
     m_jobs.retire(std::move(m_track));
@@ -135,7 +136,6 @@ void EditorModel::appendTrack() {
     if (!path) {
         return;
     }
-    setStatus(tr("Weiterer Track wird eingelesen …"));
     SessionEffects effects;
     effects.structural = true;
     effects.failureStatus = tr("Anhängen fehlgeschlagen. Der bisherige Track bleibt erhalten.");
@@ -160,7 +160,7 @@ void EditorModel::appendTrack() {
             session.append(*other);
             return appendReport(before.get(), *other, session.track()->points().size());
         },
-        std::move(effects));
+        std::move(effects), tr("Weiterer Track wird eingelesen …"));
 }
 
 } // namespace trackloom

@@ -96,7 +96,7 @@ void EditorMapTool::finishInserting() {
             }
             return tr("Punkt(e) eingefügt.");
         },
-        std::move(effects));
+        std::move(effects), tr("Punkte werden eingefügt …"));
 }
 
 } // namespace trackloom

@@ -33,24 +33,30 @@ bool EditorModel::canShift() const {
            m_track->auxiliaryInvalidTimes() == 0;
 }
 
+// While an edit runs, the lent session cannot be asked; what the user asks for
+// then waits its turn and is checked when it runs.
+
 bool EditorModel::canEdit() const {
-    return m_session != nullptr;
+    return m_session != nullptr || isEditing();
 }
 
 bool EditorModel::canUndo() const {
-    return m_session && m_session->canUndo();
+    return m_session ? m_session->canUndo() : isEditing();
 }
 
 bool EditorModel::canRedo() const {
-    return m_session && m_session->canRedo();
+    return m_session ? m_session->canRedo() : isEditing();
 }
 
 bool EditorModel::canMerge() const {
-    return m_session && m_session->canMerge();
+    return m_session ? m_session->canMerge() : isEditing();
 }
 
 bool EditorModel::canEditSelected() const {
-    return m_session && m_selectedPointID && m_session->canEdit(*m_selectedPointID);
+    if (!m_selectedPointID) {
+        return false;
+    }
+    return m_session ? m_session->canEdit(*m_selectedPointID) : isEditing();
 }
 
 bool EditorModel::mayReplace() {

@@ -15,6 +15,12 @@
 // runs, the session is lent to it and nothing else touches it; the result comes
 // back to the main thread, where all state changes. A newer load wins over an
 // older one, and an edit whose session was replaced meanwhile is dropped.
+//
+// Input while an edit runs is never lost: the status line says what runs, and
+// edits of the selection, undo, redo and the time and route choices wait their
+// turn and then run in order (a refusal drops those still waiting, saying so).
+// What is addressed by a position on the stale map (dragging, inserting) and
+// what opens a dialog (appending, exporting) is refused with a text instead.
 
 #include "app/editor/editor_exports.h"
 #include "app/editor/editor_map_tool.h"
@@ -28,6 +34,7 @@
 #include <QSettings>
 #include <QStringList>
 #include <date/tz.h>
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -113,8 +120,13 @@ class EditorModel : public QObject {
     /// The track can be written with its start moved: it has a start time and
     /// no unreadable timestamp anywhere in the file.
     bool canShift() const;
-    /// A session is ready for the next edit (a track is open, nothing runs).
+    /// A session takes the next edit: a track is open; while an edit runs, edits
+    /// wait their turn, so this stays true.
     bool canEdit() const;
+    /// An edit, undo or redo runs in the background.
+    bool isEditing() const { return m_lentSession != nullptr; }
+    /// The requests waiting for the running edit.
+    int queuedRequests() const { return static_cast<int>(m_queued.size()); }
     bool canUndo() const;
     bool canRedo() const;
     bool canMerge() const;
@@ -211,12 +223,18 @@ class EditorModel : public QObject {
     void startLoad(std::function<TrackPtr()> read, std::function<void()> adopt,
                    std::function<QString(const GPXTrack&)> successStatus);
     void showNewSession(SessionPtr session);
+    /// Whether an edit may start now; sets a refusal when not.
     bool requireEditable();
-    void runOnSession(SessionWork work, SessionEffects effects);
+    /// While an edit runs, keeps `request` to run after it (true).
+    bool queuedWhileEditing(std::function<void()> request);
+    void runNextQueued();
+    /// Runs `work` with the session lent to it; `running` is the status meanwhile.
+    void runOnSession(SessionWork work, SessionEffects effects, const QString& running);
     void finishSessionWork(const SessionEffects& effects, const QString& status);
     void failSessionWork(const SessionEffects& effects, const QString& failure);
     void editSelected(std::function<void(GPXEditingSession&, std::int64_t)> edit,
-                      const QString& done, std::optional<std::int64_t> keeping);
+                      const QString& running, const QString& done,
+                      std::optional<std::int64_t> keeping);
     void refreshMap(bool fit, std::optional<std::int64_t> keeping);
     void computeSpeedScale();
     void setStatus(const QString& status);
@@ -269,6 +287,8 @@ class EditorModel : public QObject {
     // The session an edit works on, kept here so that the job never frees it
     // on the main thread, and handed back when the edit ends either way.
     SessionPtr m_lentSession;
+    QString m_running;
+    std::deque<std::function<void()>> m_queued;
     bool m_sourceIsSynthetic = false;
     WrittenState m_written;
     bool m_unsavedWork = false;

@@ -1,11 +1,14 @@
 #include "core/editing/editing_session.h"
 
+#include "core/base/background_release.h"
 #include "core/base/gpx_error.h"
 #include "core/editing/point_edits.h"
 #include "core/editing/segment_merging.h"
 #include "core/editing/time_operations.h"
 #include "core/editing/time_transfer.h"
 #include "core/editing/track_append.h"
+
+#include <utility>
 
 namespace trackloom {
 namespace {
@@ -120,13 +123,13 @@ void GPXEditingSession::replaceState(const TrackPtr& newSource, const TrackPtr& 
         // The first state left is the opened track itself; from now on it is
         // only kept as its bytes.
         m_packedSource = packed(*m_source, oldBytes, "");
-        m_source.reset();
+        releaseInBackground(std::exchange(m_source, nullptr));
     }
     m_undoStack.push_back(std::move(left));
     m_redoStack.clear();
-    m_workingSource = newSource;
+    releaseInBackground(std::exchange(m_workingSource, newSource));
+    releaseInBackground(std::exchange(m_track, display));
     m_workingBytes = std::move(newBytes);
-    m_track = display;
 }
 
 void GPXEditingSession::undo() {
@@ -151,9 +154,9 @@ void GPXEditingSession::step(std::vector<Snapshot>& from, std::vector<Snapshot>&
     m_materializedTimes = target.materialized;
     from.pop_back();
     to.push_back(std::move(left));
-    m_workingSource = std::move(restored.track);
+    releaseInBackground(std::exchange(m_workingSource, std::move(restored.track)));
+    releaseInBackground(std::exchange(m_track, std::move(display)));
     m_workingBytes = std::move(restored.bytes);
-    m_track = std::move(display);
 }
 
 const std::string& GPXEditingSession::workingBytes() {

@@ -10,6 +10,9 @@
 // documents however long the session runs. Restoring a state reads it back: an
 // undo followed by a redo gives an equal state, not the same object.
 //
+// Replaced states are let go of on the background release thread: freeing a
+// large document must not hold up the edit that replaced it.
+//
 // Generated times stay a rule (`Timing`) applied to every new display; they become
 // data of the source only when a second file is appended.
 

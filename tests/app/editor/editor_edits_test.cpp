@@ -100,7 +100,7 @@ TEST_F(Edits, AnEditOfAReplacedTrackNeverReachesTheNewOne) {
     model().selectPoint(100);
     model().splitSelected();
     // The edit still runs when the next file is opened.
-    EXPECT_FALSE(model().canEdit());
+    EXPECT_TRUE(model().isEditing());
     model().load(write("neu.gpx", gpxDocument({walk(4)})));
     settle();
     EXPECT_EQ(model().track()->points().size(), 4u);
@@ -296,6 +296,51 @@ TEST_F(Edits, ColoursBySpeedWithTheNinetyFifthPercentileOnTop) {
     EXPECT_EQ(model().speedScale()->size(), 240u);
     // The one-second interval into point 152 is the fastest and saturates.
     EXPECT_EQ(model().speedScale()->at(151), 1.0);
+}
+
+TEST_F(Edits, RequestsWhileAnEditRunsWaitTheirTurnInOrder) {
+    openSample();
+    const auto points = model().track()->points().size();
+    model().selectPoint(10);
+    model().deleteSelected();
+    EXPECT_EQ(model().status(), "Punkt wird gelöscht …");
+    EXPECT_TRUE(model().canEditSelected()) << "Delete stays available while the first one runs";
+    EXPECT_TRUE(model().canUndo());
+    model().deleteSelected();
+    model().undo();
+    EXPECT_EQ(model().queuedRequests(), 2);
+    EXPECT_EQ(model().status(), "Punkt wird gelöscht … · 2 weitere Aktionen vorgemerkt");
+    settle();
+
+    // Both deletes landed on the undo stack, the undo took back the second.
+    EXPECT_EQ(model().track()->points().size(), points - 1);
+    EXPECT_EQ(model().status(), "Track-Bearbeitung rückgängig gemacht.");
+    EXPECT_TRUE(model().canRedo());
+    model().undo();
+    settle();
+    EXPECT_EQ(model().track()->points().size(), points);
+    EXPECT_FALSE(model().canUndo());
+}
+
+TEST_F(Edits, WhatCannotWaitIsRefusedAndARefusalDropsWhatWaits) {
+    openSample();
+    const auto before = model().track();
+    model().selectPoint(0);
+    model().splitSelected();
+    model().dragPoint(3, {50.0, 7.0});
+    EXPECT_EQ(error(), "Bitte warte, bis die laufende Bearbeitung fertig ist.");
+    model().exports().exportTrack();
+    EXPECT_EQ(error(), "Bitte warte, bis die laufende Bearbeitung fertig ist.");
+    EXPECT_TRUE(dialogs.saveRequests.empty()) << "no save dialog while an edit runs";
+    model().selectPoint(5);
+    model().deleteSelected();
+    settle();
+    EXPECT_EQ(error(), "Wähle einen Punkt innerhalb eines Abschnitts, nicht dessen Start oder "
+                       "Ende.");
+    EXPECT_TRUE(model().status().endsWith("Vorgemerkte Aktionen wurden verworfen."));
+    EXPECT_EQ(model().queuedRequests(), 0);
+    EXPECT_EQ(model().track(), before);
+    EXPECT_FALSE(model().canUndo());
 }
 
 } // namespace
