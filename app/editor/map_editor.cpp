@@ -97,6 +97,7 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     }
     connect(&model, &EditorModel::fitRequested, this, &MapEditor::fit);
     connect(&model, &EditorModel::selectionChanged, this, &MapEditor::showSelection);
+    connect(&model, &EditorModel::selectionChanged, this, &MapEditor::followSelection);
     connect(&model.mapTool(), &EditorMapTool::pendingPointsChanged, this, &MapEditor::showPending);
     connect(&model.mapTool(), &EditorMapTool::toolChanged, this, &MapEditor::applyTool);
     // A refused move leaves the dragged point where the track still has it.
@@ -179,6 +180,16 @@ void MapEditor::showSelection() {
     }
     m_selection->setPoints(marked);
     m_map->refreshOverlays();
+}
+
+void MapEditor::followSelection() {
+    // A row chosen in the table may lie far outside the part of the track the
+    // user zoomed in on; a point picked on the map is already in view.
+    const auto selected = m_model.selectedPointID();
+    const auto& points = m_model.mapPoints();
+    if (selected && *selected < static_cast<std::int64_t>(points.size())) {
+        m_map->bringIntoView(points[static_cast<std::size_t>(*selected)].coordinate);
+    }
 }
 
 void MapEditor::showPending() {

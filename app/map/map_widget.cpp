@@ -75,6 +75,19 @@ void MapWidget::fitCoordinates(const std::vector<Coordinate>& coordinates) {
     }
 }
 
+void MapWidget::bringIntoView(const Coordinate& coordinate) {
+    // A marker this close to an edge is cut; one a little further in counts
+    // as seen, and a map that moved under it would only confuse.
+    constexpr double margin = 8;
+    if (width() <= 2 * margin || height() <= 2 * margin) {
+        return;
+    }
+    const QRectF seen = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
+    if (!seen.contains(m_viewport.toScreen(coordinate))) {
+        setViewport(MapViewport(project(coordinate), m_viewport.zoom(), size()));
+    }
+}
+
 void MapWidget::addOverlay(std::shared_ptr<MapOverlay> overlay) {
     m_overlays.push_back(std::move(overlay));
     update();
