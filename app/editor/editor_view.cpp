@@ -14,6 +14,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -22,11 +23,16 @@
 namespace trackloom {
 namespace {
 
+// Side panels scroll downwards only: their rows wrap to the width, and the
+// area is never narrower than the panel needs, so nothing is cut at the side.
 QScrollArea* scrolling(QWidget* content) {
     auto* area = new QScrollArea;
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(content->minimumSizeHint().width() +
+                          area->verticalScrollBar()->sizeHint().width());
     return area;
 }
 
@@ -91,17 +97,18 @@ QWidget* EditorView::editorPage(EditorCommands& commands, TileSource* tiles) {
     left->addWidget(below);
     left->setStretchFactor(0, 3);
     left->setStretchFactor(1, 2);
+    left->setChildrenCollapsible(false);
 
     auto* side = new QTabWidget;
     side->addTab(scrolling(m_summary), tr("Übersicht"));
     side->addTab(scrolling(new EditPanel(m_model, commands)), tr("Bearbeiten"));
     side->addTab(scrolling(m_time), tr("Zeiten"));
-    side->setMinimumWidth(300);
 
     auto* page = new QSplitter(Qt::Horizontal);
     page->addWidget(left);
     page->addWidget(side);
     page->setStretchFactor(0, 1);
+    page->setChildrenCollapsible(false);
     return page;
 }
 

@@ -85,12 +85,13 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
     tools->addWidget(m_finish);
     tools->addWidget(m_cancel);
     tools->addStretch();
-    tools->addWidget(m_legend);
 
+    // The legend has a line of its own: beside the tools it would be cut.
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(tools);
     layout->addWidget(m_map, 1);
+    layout->addWidget(m_legend);
 
     for (auto signal : {&EditorModel::mapPointsChanged, &EditorModel::coloursChanged}) {
         connect(&model, signal, this, &MapEditor::showTrack);

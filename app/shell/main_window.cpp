@@ -14,7 +14,6 @@
 #include <QMimeData>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStatusBar>
 #include <algorithm>
 
 namespace trackloom {
@@ -26,7 +25,6 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     m_menus = new ShellMenus(*this);
     m_sidebar = new QListWidget;
     m_sidebar->setObjectName(QStringLiteral("workspaceSidebar"));
-    m_sidebar->setMaximumWidth(220);
     m_sidebar->setFrameShape(QFrame::NoFrame);
     m_sidebar->hide();
     m_pages = new QStackedWidget;
@@ -36,7 +34,6 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     splitter->addWidget(m_pages);
     splitter->setStretchFactor(1, 1);
     setCentralWidget(splitter);
-    statusBar();
 
     connect(m_sidebar, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0 && row < static_cast<int>(m_workspaces.size())) {
@@ -67,12 +64,13 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
     m_workspaces.push_back(workspace);
     m_pages->addWidget(workspace->view());
     m_sidebar->addItem(new QListWidgetItem(workspace->icon(), workspace->title()));
-    // As wide as its longest title: on a small screen every pixel goes to the map.
+    // As wide as its longest title: on a small screen every pixel goes to the
+    // workspace, which has its own status line (the window needs none).
     int widest = 0;
     for (const Workspace* each : m_workspaces) {
         widest = std::max(widest, m_sidebar->fontMetrics().horizontalAdvance(each->title()));
     }
-    const int sidebarWidth = std::clamp(widest + 40, 120, 220);
+    const int sidebarWidth = std::clamp(widest + 24, 80, 200);
     m_sidebar->setMaximumWidth(sidebarWidth);
     if (auto* splitter = qobject_cast<QSplitter*>(centralWidget())) {
         splitter->setSizes({sidebarWidth, std::max(1, splitter->width() - sidebarWidth)});
