@@ -8,6 +8,7 @@
 #include "app/editor/speed_profile_view.h"
 #include "app/editor/summary_view.h"
 #include "app/editor/time_panel.h"
+#include "app/shell/tool_tips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -65,7 +66,10 @@ QWidget* EditorView::welcomePage(EditorCommands& commands) {
                                "das Fenster. Die Originaldatei wird nie überschrieben."));
     text->setWordWrap(true);
     auto* open = new QPushButton(tr("GPX-Datei öffnen …"));
+    open->setToolTip(
+        toolTipNaming(tr("Eine GPX-Datei von diesem Rechner öffnen"), QKeySequence::Open));
     auto* sample = new QPushButton(commands.sample->text());
+    sample->setToolTip(commands.sample->toolTip());
     connect(open, &QPushButton::clicked, &m_model, &EditorModel::open);
     connect(sample, &QPushButton::clicked, commands.sample, &QAction::trigger);
     auto* buttons = new QHBoxLayout;

@@ -78,8 +78,10 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
                                 int(MapTool::insert)));
     m_finish = new QToolButton;
     m_finish->setText(tr("Fertig"));
+    m_finish->setToolTip(tr("Die gesetzten Punkte in den Track einfügen"));
     m_cancel = new QToolButton;
     m_cancel->setText(tr("Abbrechen"));
+    m_cancel->setToolTip(tr("Die gesetzten Punkte verwerfen, ohne etwas einzufügen"));
     connect(m_finish, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::finishInserting);
     connect(m_cancel, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::cancelInserting);
     tools->addWidget(m_finish);

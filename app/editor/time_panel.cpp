@@ -92,6 +92,10 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     m_speed->setDecimals(1);
     m_speed->setSuffix(tr(" km/h"));
     m_feedback->setWordWrap(true);
+    m_apply->setToolTip(tr("Die Zeiten des Tracks nach diesen Angaben erzeugen; der Export "
+                           "schreibt sie"));
+    m_startDay->setTitle(tr("Den Tag des Starts im Kalender wählen"));
+    m_endDay->setTitle(tr("Den Tag des Endes im Kalender wählen"));
     for (DataCalendarButton* day : {m_startDay, m_endDay}) {
         day->setIconOnly(true);
         day->setLegend(tr("Grün: Tage mit Punkten dieses Tracks"));
