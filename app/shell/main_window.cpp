@@ -4,10 +4,12 @@
 #include "app/shell/about_panel.h"
 #include "app/shell/settings_dialog.h"
 #include "app/shell/shell_menus.h"
+#include "app/shell/shortcuts_dialog.h"
 #include "app/shell/welcome_view.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QListWidget>
@@ -47,6 +49,16 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     connect(m_menus, &ShellMenus::openRequested, this, &MainWindow::chooseAndOpenFile);
     connect(m_menus, &ShellMenus::settingsRequested, this, &MainWindow::showSettings);
     connect(m_menus, &ShellMenus::aboutRequested, this, &MainWindow::showAbout);
+    connect(m_menus, &ShellMenus::shortcutsRequested, this, [this] {
+        ShortcutsDialog dialog(m_menus->shortcutGroups(), this);
+        dialog.exec();
+    });
+    connect(m_menus, &ShellMenus::recentFileChosen, this, &MainWindow::openRecentFile);
+    connect(m_menus, &ShellMenus::recentFilesCleared, this, [this] {
+        m_settings.clearRecentFiles();
+        m_menus->setRecentFiles({});
+    });
+    m_menus->setRecentFiles(m_settings.recentFiles());
 
     // On macOS, files opened from the Finder arrive as events of the application.
     qApp->installEventFilter(this);
@@ -81,6 +93,10 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
             [this, workspace] { workspaceStateChanged(workspace); });
     connect(workspace, &Workspace::activationRequested, this,
             [this, workspace] { activateWorkspace(workspace); });
+    connect(workspace, &Workspace::fileOpened, this, [this](const QString& path) {
+        m_settings.addRecentFile(path);
+        m_menus->setRecentFiles(m_settings.recentFiles());
+    });
     if (!m_active && workspace->isAvailable()) {
         activateWorkspace(workspace);
     }
@@ -145,6 +161,19 @@ void MainWindow::openFiles(const QStringList& paths) {
         activateWorkspace(*taker);
         (*taker)->open(path);
     }
+}
+
+void MainWindow::openRecentFile(const QString& path) {
+    if (!QFileInfo::exists(path)) {
+        m_settings.removeRecentFile(path);
+        m_menus->setRecentFiles(m_settings.recentFiles());
+        m_dialogs.inform(tr("Datei nicht gefunden"),
+                         tr("Die Datei gibt es nicht mehr an ihrem Ort: ") +
+                             QDir::toNativeSeparators(path) +
+                             tr(". Sie wurde aus „Zuletzt geöffnet“ entfernt."));
+        return;
+    }
+    openFiles({path});
 }
 
 void MainWindow::chooseAndOpenFile() {
