@@ -59,6 +59,9 @@ SummaryView::SummaryView(EditorModel& model, QWidget* parent)
 void SummaryView::addRow(const QString& label) {
     auto* value = new QLabel;
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A time with a long zone name breaks between date, time and zone rather
+    // than widening the panel.
+    value->setWordWrap(true);
     static_cast<QFormLayout*>(layout()->itemAt(1)->layout())->addRow(label + ':', value);
     m_values[label] = value;
 }

@@ -99,20 +99,26 @@ std::string cutTexts(const QWidget* root) {
     return found.join(QStringLiteral("; ")).toStdString();
 }
 
-class EditorLayout : public testing::ApplicationTest, public ::testing::WithParamInterface<QSize> {
+struct Screen {
+    QSize size;
+    /// Times name their zone, and zone names run from three letters to thirty.
+    const char* zone;
+};
+
+class EditorLayout : public testing::ApplicationTest, public ::testing::WithParamInterface<Screen> {
   protected:
     EditorLayout()
         : store(folder.filePath("settings.ini"), QSettings::IniFormat), settings(store),
           tiles(QString(), QString(), nullptr), window(settings, dialogs, tiles) {
         QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-        auto owned =
-            std::make_unique<EditorWorkspace>(store, dialogs, nullptr, *date::locate_zone("UTC"));
+        auto owned = std::make_unique<EditorWorkspace>(store, dialogs, nullptr,
+                                                       *date::locate_zone(GetParam().zone));
         workspace = owned.get();
         window.addWorkspace(std::move(owned));
         window.addWorkspace(std::make_unique<NamedWorkspace>("Zeitachse"));
         window.addWorkspace(std::make_unique<NamedWorkspace>("Wann war ich hier?"));
         window.setAttribute(Qt::WA_DontShowOnScreen);
-        window.resize(GetParam());
+        window.resize(GetParam().size);
         window.show();
         workspace->openSample();
         settle();
@@ -199,11 +205,17 @@ TEST_P(EditorLayout, StatusTextsNeverMoveThePanels) {
     EXPECT_EQ(view().intervals()->geometry(), table);
 }
 
+// The small laptop screen, the window's default size and the screenshots' default.
 INSTANTIATE_TEST_SUITE_P(WindowSizes, EditorLayout,
-                         ::testing::Values(QSize(1024, 700), QSize(1200, 800)),
+                         ::testing::Values(Screen{{1024, 700}, "Etc/UTC"},
+                                           Screen{{1200, 800}, "Etc/UTC"},
+                                           Screen{{1280, 800}, "Etc/UTC"},
+                                           Screen{{1024, 700}, "America/Argentina/Buenos_Aires"},
+                                           Screen{{1280, 800}, "America/Argentina/Buenos_Aires"}),
                          [](const auto& info) {
-                             return std::to_string(info.param.width()) + "x" +
-                                    std::to_string(info.param.height());
+                             return std::to_string(info.param.size.width()) + "x" +
+                                    std::to_string(info.param.size.height()) + "_" +
+                                    std::to_string(info.index);
                          });
 
 } // namespace
