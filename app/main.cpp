@@ -16,7 +16,9 @@
 
 #include <QApplication>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <cstdio>
+#include <optional>
 
 using namespace trackloom;
 
@@ -54,7 +56,19 @@ int main(int argc, char** argv) {
     QApplication::setApplicationName(QStringLiteral("Trackloom"));
     QApplication::setApplicationDisplayName(QStringLiteral("Trackloom"));
     QApplication::setApplicationVersion(QStringLiteral(TRACKLOOM_VERSION));
-    QSettings store;
+    QSettings userStore;
+    // A screenshot follows the user's choices but leaves them as they were
+    // (it opens files, which the list of recent files would keep): it works
+    // on a copy.
+    QTemporaryDir scratch;
+    std::optional<QSettings> copy;
+    if (screenshot) {
+        copy.emplace(scratch.filePath(QStringLiteral("settings.ini")), QSettings::IniFormat);
+        for (const QString& key : userStore.allKeys()) {
+            copy->setValue(key, userStore.value(key));
+        }
+    }
+    QSettings& store = copy ? *copy : userStore;
     AppSettings settings(store);
     installTranslations(application, interfaceLocale(settings.language(), QLocale::system()));
 

@@ -314,6 +314,10 @@
         <source>Datei</source>
         <translation>File</translation>
     </message>
+    <message>
+        <source>Die Einstellung wird für weitere Importe gemerkt.</source>
+        <translation>The setting is remembered for further imports.</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::EditorCommands</name>
@@ -374,12 +378,52 @@
         <translation>Join all sections into one in reading order, so that the gaps between them can be filled.</translation>
     </message>
     <message>
-        <source>Die Einstellung wird für weitere Importe gemerkt.</source>
-        <translation>The setting is remembered for further imports.</translation>
-    </message>
-    <message>
         <source>Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen, wie ihn Navigations- und Reise-Apps importieren.</source>
         <translation>One track of one section, without waypoints and routes, as navigation and travel apps import it.</translation>
+    </message>
+    <message>
+        <source>Einen erzeugten Track zum Ausprobieren öffnen</source>
+        <translation>Open a generated track to try things out</translation>
+    </message>
+    <message>
+        <source>Einen weiteren GPX-Track hinten anhängen; das lässt sich rückgängig machen</source>
+        <translation>Append another GPX track at the end; this can be undone</translation>
+    </message>
+    <message>
+        <source>Den bearbeiteten Track als neue GPX-Datei speichern; die geöffnete Datei bleibt unverändert</source>
+        <translation>Save the edited track as a new GPX file; the opened file stays unchanged</translation>
+    </message>
+    <message>
+        <source>Den Abschnitt des gewählten Punkts als eigene GPX-Datei speichern</source>
+        <translation>Save the section of the selected point as a GPX file of its own</translation>
+    </message>
+    <message>
+        <source>Den Abschnitt am gewählten Punkt in zwei Tracks mit den Namen darüber teilen</source>
+        <translation>Split the section at the selected point into two tracks with the names above</translation>
+    </message>
+    <message>
+        <source>Den Track erst am gewählten Punkt beginnen lassen</source>
+        <translation>Let the track begin at the selected point</translation>
+    </message>
+    <message>
+        <source>Den Track am gewählten Punkt enden lassen</source>
+        <translation>Let the track end at the selected point</translation>
+    </message>
+    <message>
+        <source>Den gewählten Punkt aus dem Track entfernen</source>
+        <translation>Remove the selected point from the track</translation>
+    </message>
+    <message>
+        <source>Die Linie nach der Geschwindigkeit färben, von Grün (langsam) bis Rot</source>
+        <translation>Colour the line by speed, from green (slow) to red</translation>
+    </message>
+    <message>
+        <source>Gerade Linien über große Entfernungen ausblenden; sie werden beim Export entfernt</source>
+        <translation>Hide straight lines across long distances; they are removed on export</translation>
+    </message>
+    <message>
+        <source>Die Karte so einstellen, dass der ganze Track zu sehen ist</source>
+        <translation>Set the map so that the whole track is visible</translation>
     </message>
 </context>
 <context>
@@ -636,6 +680,10 @@
         <source>Zeiten</source>
         <translation>Times</translation>
     </message>
+    <message>
+        <source>Eine GPX-Datei von diesem Rechner öffnen</source>
+        <translation>Open a GPX file from this computer</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::EditorWorkspace</name>
@@ -677,6 +725,30 @@
     <message>
         <source>km/h oder Problem</source>
         <translation>km/h or problem</translation>
+    </message>
+    <message>
+        <source>Nummer des Punkts, an dem das Intervall beginnt</source>
+        <translation>Number of the point where the interval begins</translation>
+    </message>
+    <message>
+        <source>Nummer des Punkts, an dem das Intervall endet</source>
+        <translation>Number of the point where the interval ends</translation>
+    </message>
+    <message>
+        <source>Länge des Intervalls in Metern</source>
+        <translation>Length of the interval in metres</translation>
+    </message>
+    <message>
+        <source>Strecke vom Anfang des Tracks bis zum Ende des Intervalls</source>
+        <translation>Distance from the start of the track to the end of the interval</translation>
+    </message>
+    <message>
+        <source>Zeit zwischen den beiden Punkten</source>
+        <translation>Time between the two points</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit im Intervall, oder warum sie sich nicht berechnen lässt</source>
+        <translation>Speed in the interval, or why it cannot be computed</translation>
     </message>
 </context>
 <context>
@@ -731,6 +803,18 @@
         <source>Datei öffnen</source>
         <translation>Open file</translation>
     </message>
+    <message>
+        <source>Datei nicht gefunden</source>
+        <translation>File not found</translation>
+    </message>
+    <message>
+        <source>Die Datei gibt es nicht mehr an ihrem Ort: </source>
+        <translation>The file is no longer where it was: </translation>
+    </message>
+    <message>
+        <source>. Sie wurde aus „Zuletzt geöffnet“ entfernt.</source>
+        <translation>. It was removed from “Open Recent”.</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::MapEditor</name>
@@ -765,6 +849,14 @@
     <message>
         <source>Abbrechen</source>
         <translation>Cancel</translation>
+    </message>
+    <message>
+        <source>Die gesetzten Punkte in den Track einfügen</source>
+        <translation>Insert the placed points into the track</translation>
+    </message>
+    <message>
+        <source>Die gesetzten Punkte verwerfen, ohne etwas einzufügen</source>
+        <translation>Discard the placed points without inserting anything</translation>
     </message>
 </context>
 <context>
@@ -1168,6 +1260,33 @@
         <source>Zoomen</source>
         <translation>Zoom</translation>
     </message>
+    <message>
+        <source>Tastenkürzel</source>
+        <translation>Keyboard Shortcuts</translation>
+    </message>
+    <message>
+        <source>Zuletzt geöffnet</source>
+        <translation>Open Recent</translation>
+    </message>
+    <message>
+        <source>Liste leeren</source>
+        <translation>Clear List</translation>
+    </message>
+    <message>
+        <source>Allgemein</source>
+        <translation>General</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::ShortcutsDialog</name>
+    <message>
+        <source>Tastenkürzel</source>
+        <translation>Keyboard Shortcuts</translation>
+    </message>
+    <message>
+        <source>Befehl</source>
+        <translation>Command</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::SpeedLegend</name>
@@ -1343,6 +1462,18 @@
     <message>
         <source>Noch nicht übernommen.</source>
         <translation>Not applied yet.</translation>
+    </message>
+    <message>
+        <source>Die Zeiten des Tracks nach diesen Angaben erzeugen; der Export schreibt sie</source>
+        <translation>Generate the track's times from these settings; the export writes them</translation>
+    </message>
+    <message>
+        <source>Den Tag des Starts im Kalender wählen</source>
+        <translation>Choose the day of the start in the calendar</translation>
+    </message>
+    <message>
+        <source>Den Tag des Endes im Kalender wählen</source>
+        <translation>Choose the day of the end in the calendar</translation>
     </message>
 </context>
 <context>

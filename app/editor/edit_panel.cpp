@@ -60,8 +60,11 @@ EditPanel::EditPanel(EditorModel& model, EditorCommands& commands, QWidget* pare
         box(tr("Punkte und Abschnitte"),
             {button(commands.trimBefore), button(commands.trimAfter), button(commands.deletePoint),
              button(commands.merge), note(commands.merge->toolTip())}));
-    layout->addWidget(box(tr("Darstellung"), {m_colorBySpeed, m_hideAirRoutes,
-                                              note(commands.hideAirRoutes->toolTip())}));
+    m_colorBySpeed->setToolTip(commands.colorBySpeed->toolTip());
+    m_hideAirRoutes->setToolTip(commands.hideAirRoutes->toolTip());
+    layout->addWidget(
+        box(tr("Darstellung"), {m_colorBySpeed, m_hideAirRoutes,
+                                note(tr("Die Einstellung wird für weitere Importe gemerkt."))}));
     layout->addWidget(
         box(tr("Datei"),
             {button(commands.append), m_appendSummary, button(commands.exportTrack),

@@ -1,6 +1,7 @@
 #include "app/editor/editor_commands.h"
 
 #include "app/editor/editor_model.h"
+#include "app/shell/tool_tips.h"
 
 namespace trackloom {
 
@@ -30,24 +31,45 @@ EditorCommands::EditorCommands(EditorModel& model, QObject* parent)
       hideAirRoutes(new QAction(tr("Luftlinien-Routen ausblenden"), this)),
       fitTrack(action(model, tr("Ganzen Track zeigen"), &EditorModel::fitMap)), m_model(model) {
     exportTrack->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
-    exportSingleTrack->setToolTip(
-        tr("Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen, wie "
-           "ihn Navigations- und Reise-Apps importieren."));
-    merge->setToolTip(tr("Alle Abschnitte in Lesereihenfolge zu einem zusammenfügen, damit sich "
-                         "die Lücken dazwischen füllen lassen."));
     deletePoint->setShortcut(QKeySequence::Delete);
+    fitTrack->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_0));
+    describeActions();
     for (QAction* toggle : {colorBySpeed, hideAirRoutes}) {
         toggle->setCheckable(true);
     }
     connect(colorBySpeed, &QAction::triggered, &model, &EditorModel::setColorBySpeed);
     connect(hideAirRoutes, &QAction::triggered, &model, &EditorModel::setAirRouteRemoval);
-    hideAirRoutes->setToolTip(tr("Die Einstellung wird für weitere Importe gemerkt."));
 
     for (auto signal : {&EditorModel::trackChanged, &EditorModel::selectionChanged,
                         &EditorModel::coloursChanged, &EditorModel::removeAirRoutesChanged}) {
         connect(&model, signal, this, &EditorCommands::update);
     }
     update();
+}
+
+void EditorCommands::describeActions() {
+    describeAction(*sample, tr("Einen erzeugten Track zum Ausprobieren öffnen"));
+    describeAction(*append, tr("Einen weiteren GPX-Track hinten anhängen; das lässt sich "
+                               "rückgängig machen"));
+    describeAction(*exportTrack, tr("Den bearbeiteten Track als neue GPX-Datei speichern; die "
+                                    "geöffnete Datei bleibt unverändert"));
+    describeAction(*exportSingleTrack,
+                   tr("Ein Track mit einem Abschnitt, ohne Wegpunkte und Routen, wie "
+                      "ihn Navigations- und Reise-Apps importieren."));
+    describeAction(*exportSection,
+                   tr("Den Abschnitt des gewählten Punkts als eigene GPX-Datei speichern"));
+    describeAction(*split, tr("Den Abschnitt am gewählten Punkt in zwei Tracks mit den "
+                              "Namen darüber teilen"));
+    describeAction(*trimBefore, tr("Den Track erst am gewählten Punkt beginnen lassen"));
+    describeAction(*trimAfter, tr("Den Track am gewählten Punkt enden lassen"));
+    describeAction(*deletePoint, tr("Den gewählten Punkt aus dem Track entfernen"));
+    describeAction(*merge, tr("Alle Abschnitte in Lesereihenfolge zu einem zusammenfügen, damit "
+                              "sich die Lücken dazwischen füllen lassen."));
+    describeAction(*colorBySpeed,
+                   tr("Die Linie nach der Geschwindigkeit färben, von Grün (langsam) bis Rot"));
+    describeAction(*hideAirRoutes, tr("Gerade Linien über große Entfernungen ausblenden; sie "
+                                      "werden beim Export entfernt"));
+    describeAction(*fitTrack, tr("Die Karte so einstellen, dass der ganze Track zu sehen ist"));
 }
 
 std::vector<WorkspaceCommand> EditorCommands::menuCommands() const {

@@ -39,6 +39,7 @@ class EditorCommands : public QObject {
     // Takes the receiver as an argument: the actions are made before `m_model` is set.
     template <typename Receiver>
     QAction* action(Receiver& receiver, const QString& text, void (Receiver::*run)());
+    void describeActions();
     void update();
 
     EditorModel& m_model;

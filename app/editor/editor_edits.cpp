@@ -88,7 +88,7 @@ void EditorModel::finishSessionWork(const SessionEffects& effects, const QString
     clearError();
     m_timeFields.follow(*m_track, false);
     updateUnsavedWork();
-    refreshMap(false, effects.keeping);
+    refreshMap(effects.fitsMap, effects.keeping);
     setStatus(status);
     emit trackChanged();
     runNextQueued();

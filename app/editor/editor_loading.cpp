@@ -138,6 +138,8 @@ void EditorModel::appendTrack() {
     }
     SessionEffects effects;
     effects.structural = true;
+    // The appended part usually lies beyond what the map shows.
+    effects.fitsMap = true;
     effects.failureStatus = tr("Anhängen fehlgeschlagen. Der bisherige Track bleibt erhalten.");
     // The session makes generated times the source's own before it appends.
     const bool materializes = m_session->timing().has_value();

@@ -215,6 +215,8 @@ class EditorModel : public QObject {
         std::optional<std::int64_t> keeping;
         /// The operation is an edit that has not been exported yet.
         bool structural = false;
+        /// The map shows the whole track afterwards.
+        bool fitsMap = false;
         std::optional<QString> failureStatus;
         /// Further state to adopt on success, given the status text.
         std::function<void(const QString&)> succeeded;

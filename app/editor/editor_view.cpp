@@ -8,12 +8,14 @@
 #include "app/editor/speed_profile_view.h"
 #include "app/editor/summary_view.h"
 #include "app/editor/time_panel.h"
+#include "app/shell/tool_tips.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QTabWidget>
@@ -22,11 +24,16 @@
 namespace trackloom {
 namespace {
 
+// Side panels scroll downwards only: their rows wrap to the width, and the
+// area is never narrower than the panel needs, so nothing is cut at the side.
 QScrollArea* scrolling(QWidget* content) {
     auto* area = new QScrollArea;
     area->setWidget(content);
     area->setWidgetResizable(true);
     area->setFrameShape(QFrame::NoFrame);
+    area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    area->setMinimumWidth(content->minimumSizeHint().width() +
+                          area->verticalScrollBar()->sizeHint().width());
     return area;
 }
 
@@ -59,7 +66,10 @@ QWidget* EditorView::welcomePage(EditorCommands& commands) {
                                "das Fenster. Die Originaldatei wird nie überschrieben."));
     text->setWordWrap(true);
     auto* open = new QPushButton(tr("GPX-Datei öffnen …"));
+    open->setToolTip(
+        toolTipNaming(tr("Eine GPX-Datei von diesem Rechner öffnen"), QKeySequence::Open));
     auto* sample = new QPushButton(commands.sample->text());
+    sample->setToolTip(commands.sample->toolTip());
     connect(open, &QPushButton::clicked, &m_model, &EditorModel::open);
     connect(sample, &QPushButton::clicked, commands.sample, &QAction::trigger);
     auto* buttons = new QHBoxLayout;
@@ -91,17 +101,18 @@ QWidget* EditorView::editorPage(EditorCommands& commands, TileSource* tiles) {
     left->addWidget(below);
     left->setStretchFactor(0, 3);
     left->setStretchFactor(1, 2);
+    left->setChildrenCollapsible(false);
 
     auto* side = new QTabWidget;
     side->addTab(scrolling(m_summary), tr("Übersicht"));
     side->addTab(scrolling(new EditPanel(m_model, commands)), tr("Bearbeiten"));
     side->addTab(scrolling(m_time), tr("Zeiten"));
-    side->setMinimumWidth(300);
 
     auto* page = new QSplitter(Qt::Horizontal);
     page->addWidget(left);
     page->addWidget(side);
     page->setStretchFactor(0, 1);
+    page->setChildrenCollapsible(false);
     return page;
 }
 

@@ -17,6 +17,15 @@ EditorWorkspace::EditorWorkspace(QSettings& settings, UserDialogs& dialogs, Tile
         connect(&m_model, signal, this, &Workspace::stateChanged);
     }
     connect(&m_model, &EditorModel::busyChanged, this, &Workspace::stateChanged);
+    // A track from a file, not the sample or a day of the timeline, is worth reopening.
+    connect(&m_model, &EditorModel::trackChanged, this, [this] {
+        if (m_announcedRevision != m_model.openedRevision()) {
+            m_announcedRevision = m_model.openedRevision();
+            if (const auto& path = m_model.sourceURL()) {
+                emit fileOpened(*path);
+            }
+        }
+    });
     // Refusals are alerts; the status line keeps showing the last one.
     connect(&m_model, &EditorModel::errorChanged, this, [this] {
         if (const auto& error = m_model.error()) {

@@ -50,6 +50,8 @@ class EditorWorkspace : public Workspace, public TrackReceiver {
     EditorModel m_model;
     EditorCommands m_commands;
     QPointer<EditorView> m_view;
+    // The opening last reported as a file opened.
+    int m_announcedRevision = 0;
 };
 
 } // namespace trackloom

@@ -90,6 +90,10 @@ QVariant IntervalTableModel::data(const QModelIndex& index, int role) const {
     switch (role) {
     case Qt::DisplayRole:
         return text(*shown, index.column());
+    case Qt::ToolTipRole:
+        // A problem may be longer than the column is wide.
+        return index.column() == speedColumn && shown->problem ? text(*shown, index.column())
+                                                               : QVariant();
     case Qt::TextAlignmentRole:
         return index.column() == speedColumn && shown->problem
                    ? int(Qt::AlignLeft | Qt::AlignVCenter)
@@ -121,7 +125,13 @@ QString IntervalTableModel::text(const TrackLeg& leg, int column) const {
 }
 
 QVariant IntervalTableModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (role != Qt::DisplayRole || orientation != Qt::Horizontal) {
+    if (orientation != Qt::Horizontal) {
+        return {};
+    }
+    if (role == Qt::ToolTipRole) {
+        return headerToolTip(section);
+    }
+    if (role != Qt::DisplayRole) {
         return {};
     }
     switch (section) {
@@ -137,6 +147,23 @@ QVariant IntervalTableModel::headerData(int section, Qt::Orientation orientation
         return tr("Sekunden");
     default:
         return tr("km/h oder Problem");
+    }
+}
+
+QString IntervalTableModel::headerToolTip(int section) {
+    switch (section) {
+    case fromColumn:
+        return tr("Nummer des Punkts, an dem das Intervall beginnt");
+    case toColumn:
+        return tr("Nummer des Punkts, an dem das Intervall endet");
+    case distanceColumn:
+        return tr("Länge des Intervalls in Metern");
+    case totalColumn:
+        return tr("Strecke vom Anfang des Tracks bis zum Ende des Intervalls");
+    case secondsColumn:
+        return tr("Zeit zwischen den beiden Punkten");
+    default:
+        return tr("Geschwindigkeit im Intervall, oder warum sie sich nicht berechnen lässt");
     }
 }
 

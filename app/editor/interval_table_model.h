@@ -48,6 +48,7 @@ class IntervalTableModel : public QAbstractTableModel {
   private:
     void classify();
     QString text(const TrackLeg& leg, int column) const;
+    static QString headerToolTip(int section);
 
     TrackPtr m_track;
     bool m_suspiciousOnly = false;

@@ -1,6 +1,7 @@
 #include "app/editor/interval_table_view.h"
 
 #include "app/editor/editor_model.h"
+#include "app/editor/editor_texts.h"
 #include "app/editor/interval_table_model.h"
 
 #include <QCheckBox>
@@ -8,8 +9,10 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QTableView>
+#include <array>
 
 namespace trackloom {
 namespace {
@@ -56,6 +59,7 @@ IntervalTableView::IntervalTableView(EditorModel& model, QWidget* parent)
     m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     m_table->horizontalHeader()->setStretchLastSection(true);
+    fitColumns();
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -73,6 +77,28 @@ IntervalTableView::IntervalTableView(EditorModel& model, QWidget* parent)
     connect(m_table->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &IntervalTableView::rowChosen);
     showTrack();
+}
+
+void IntervalTableView::fitColumns() {
+    // Measured on plausible widest values rather than on the rows: a long
+    // track has too many to look at, and the widths must not change with it.
+    const std::array<QString, IntervalTableModel::speedColumn + 1> widest{
+        QStringLiteral("8888888"), QStringLiteral("8888888"), decimalText(88888.8, 1),
+        decimalText(8888.888, 3),  decimalText(88888.8, 1),   QString()};
+    QHeaderView* header = m_table->horizontalHeader();
+    const QFontMetrics metrics = m_table->fontMetrics();
+    int total = 0;
+    for (int column = 0; column < m_rows->columnCount(); ++column) {
+        const int width = std::max(header->sectionSizeHint(column),
+                                   metrics.horizontalAdvance(widest[std::size_t(column)]) + 12);
+        header->resizeSection(column, width);
+        total += width;
+    }
+    const int frame = 2 * m_table->frameWidth();
+    m_table->setMinimumWidth(total + m_table->verticalScrollBar()->sizeHint().width() + frame);
+    m_table->setMinimumHeight(header->sizeHint().height() +
+                              visibleRows * m_table->verticalHeader()->defaultSectionSize() +
+                              frame);
 }
 
 void IntervalTableView::showTrack() {

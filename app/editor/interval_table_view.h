@@ -22,10 +22,14 @@ class IntervalTableView : public QWidget {
   public:
     explicit IntervalTableView(EditorModel& model, QWidget* parent = nullptr);
 
+    /// Rows the table shows at least, however small the window.
+    static constexpr int visibleRows = 7;
+
     QTableView* table() const { return m_table; }
     IntervalTableModel* rows() const { return m_rows; }
 
   private:
+    void fitColumns();
     void showTrack();
     void applyFilter();
     void showSelection();

@@ -78,25 +78,29 @@ MapEditor::MapEditor(EditorModel& model, TileSource* tiles, QWidget* parent)
                                 int(MapTool::insert)));
     m_finish = new QToolButton;
     m_finish->setText(tr("Fertig"));
+    m_finish->setToolTip(tr("Die gesetzten Punkte in den Track einfügen"));
     m_cancel = new QToolButton;
     m_cancel->setText(tr("Abbrechen"));
+    m_cancel->setToolTip(tr("Die gesetzten Punkte verwerfen, ohne etwas einzufügen"));
     connect(m_finish, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::finishInserting);
     connect(m_cancel, &QToolButton::clicked, &model.mapTool(), &EditorMapTool::cancelInserting);
     tools->addWidget(m_finish);
     tools->addWidget(m_cancel);
     tools->addStretch();
-    tools->addWidget(m_legend);
 
+    // The legend has a line of its own: beside the tools it would be cut.
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(tools);
     layout->addWidget(m_map, 1);
+    layout->addWidget(m_legend);
 
     for (auto signal : {&EditorModel::mapPointsChanged, &EditorModel::coloursChanged}) {
         connect(&model, signal, this, &MapEditor::showTrack);
     }
     connect(&model, &EditorModel::fitRequested, this, &MapEditor::fit);
     connect(&model, &EditorModel::selectionChanged, this, &MapEditor::showSelection);
+    connect(&model, &EditorModel::selectionChanged, this, &MapEditor::followSelection);
     connect(&model.mapTool(), &EditorMapTool::pendingPointsChanged, this, &MapEditor::showPending);
     connect(&model.mapTool(), &EditorMapTool::toolChanged, this, &MapEditor::applyTool);
     // A refused move leaves the dragged point where the track still has it.
@@ -179,6 +183,16 @@ void MapEditor::showSelection() {
     }
     m_selection->setPoints(marked);
     m_map->refreshOverlays();
+}
+
+void MapEditor::followSelection() {
+    // A row chosen in the table may lie far outside the part of the track the
+    // user zoomed in on; a point picked on the map is already in view.
+    const auto selected = m_model.selectedPointID();
+    const auto& points = m_model.mapPoints();
+    if (selected && *selected < static_cast<std::int64_t>(points.size())) {
+        m_map->bringIntoView(points[static_cast<std::size_t>(*selected)].coordinate);
+    }
 }
 
 void MapEditor::showPending() {

@@ -50,6 +50,7 @@ class MapEditor : public QWidget {
     void install(Overlays overlays);
     void arrangeOverlays();
     void showSelection();
+    void followSelection();
     void showPending();
     void applyTool();
     QToolButton* toolButton(const QString& text, const QString& help, int tool);

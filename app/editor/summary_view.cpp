@@ -36,7 +36,10 @@ SummaryView::SummaryView(EditorModel& model, QWidget* parent)
     m_synthetic->setWordWrap(true);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(m_synthetic);
-    layout->addLayout(new QFormLayout);
+    auto* form = new QFormLayout;
+    // Long values (a time with its zone) go below their label in a narrow panel.
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    layout->addLayout(form);
     for (const char* label :
          {QT_TR_NOOP("Name"), QT_TR_NOOP("Punkte"), QT_TR_NOOP("Abschnitte"), QT_TR_NOOP("Start"),
           QT_TR_NOOP("Ende"), QT_TR_NOOP("Strecke"), QT_TR_NOOP("Strecke mit Zeit"),
@@ -56,6 +59,9 @@ SummaryView::SummaryView(EditorModel& model, QWidget* parent)
 void SummaryView::addRow(const QString& label) {
     auto* value = new QLabel;
     value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    // A time with a long zone name breaks between date, time and zone rather
+    // than widening the panel.
+    value->setWordWrap(true);
     static_cast<QFormLayout*>(layout()->itemAt(1)->layout())->addRow(label + ':', value);
     m_values[label] = value;
 }

@@ -18,6 +18,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QVBoxLayout>
 #include <array>
 
@@ -91,17 +92,27 @@ TimePanel::TimePanel(EditorModel& model, QWidget* parent)
     m_speed->setDecimals(1);
     m_speed->setSuffix(tr(" km/h"));
     m_feedback->setWordWrap(true);
+    m_apply->setToolTip(tr("Die Zeiten des Tracks nach diesen Angaben erzeugen; der Export "
+                           "schreibt sie"));
+    m_startDay->setTitle(tr("Den Tag des Starts im Kalender wählen"));
+    m_endDay->setTitle(tr("Den Tag des Endes im Kalender wählen"));
     for (DataCalendarButton* day : {m_startDay, m_endDay}) {
         day->setIconOnly(true);
         day->setLegend(tr("Grün: Tage mit Punkten dieses Tracks"));
     }
+    // In a narrow side panel the labels, which name the zone, go above their
+    // fields instead of squeezing them.
     auto* form = new QFormLayout;
+    form->setRowWrapPolicy(QFormLayout::WrapLongRows);
     form->addRow(m_startLabel, row(m_start, m_startDay));
     m_endRow = row(m_end, m_endDay);
     form->addRow(m_endLabel, m_endRow);
     form->addRow(tr("Geschwindigkeit"), m_speed);
 
-    auto* modes = new QHBoxLayout;
+    // The two ways of generating belong to "Zeiten erzeugen": indented below it.
+    auto* modes = new QVBoxLayout;
+    modes->setContentsMargins(m_generate->style()->pixelMetric(QStyle::PM_IndicatorWidth) + 8, 0, 0,
+                              0);
     modes->addWidget(m_bySpeed);
     modes->addWidget(m_byEndpoints);
     auto* layout = new QVBoxLayout(this);

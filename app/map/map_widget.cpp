@@ -1,6 +1,7 @@
 #include "app/map/map_widget.h"
 
 #include "app/map/graticule.h"
+#include "app/map/scale_bar.h"
 #include "app/map/tile_source.h"
 
 #include <QGestureEvent>
@@ -71,6 +72,19 @@ void MapWidget::fitCoordinates(const std::vector<Coordinate>& coordinates) {
     m_fitted = std::vector<Coordinate>{low, high};
     if (width() > 0 && height() > 0 && testAttribute(Qt::WA_Resized)) {
         applyViewport(m_viewport.resized(size()).fitting(*m_fitted));
+    }
+}
+
+void MapWidget::bringIntoView(const Coordinate& coordinate) {
+    // A marker this close to an edge is cut; one a little further in counts
+    // as seen, and a map that moved under it would only confuse.
+    constexpr double margin = 8;
+    if (width() <= 2 * margin || height() <= 2 * margin) {
+        return;
+    }
+    const QRectF seen = QRectF(rect()).adjusted(margin, margin, -margin, -margin);
+    if (!seen.contains(m_viewport.toScreen(coordinate))) {
+        setViewport(MapViewport(project(coordinate), m_viewport.zoom(), size()));
     }
 }
 
@@ -148,6 +162,7 @@ void MapWidget::paintNotes(QPainter& painter) const {
     font.setPointSizeF(font.pointSizeF() * 0.85);
     painter.setFont(font);
     const QFontMetricsF metrics(font);
+    double leftNoteHeight = 0;
     const auto note = [&](const QString& text, bool right) {
         const QSizeF box(metrics.horizontalAdvance(text) + 10, metrics.height() + 4);
         const QPointF corner(right ? width() - box.width() : 0, height() - box.height());
@@ -155,6 +170,9 @@ void MapWidget::paintNotes(QPainter& painter) const {
         painter.fillRect(rect, QColor(255, 255, 255, 200));
         painter.setPen(QColor(40, 40, 40));
         painter.drawText(rect, Qt::AlignCenter, text);
+        if (!right) {
+            leftNoteHeight = box.height();
+        }
     };
     // Tiles from the disk cache may show while the server is unreachable, and
     // whatever tiles show need their attribution.
@@ -164,6 +182,9 @@ void MapWidget::paintNotes(QPainter& painter) const {
     if (!tilesShown()) {
         note(tr("Kartenmaterial ist nicht verfügbar."), !m_tiles || m_tiles->isOffline());
     }
+    // The attribution keeps the bottom-right corner; the scale stands on the
+    // left, above a note there.
+    paintScaleBar(painter, m_viewport, QPointF(0, height() - leftNoteHeight));
 }
 
 void MapWidget::resizeEvent(QResizeEvent*) {

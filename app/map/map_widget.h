@@ -32,6 +32,9 @@ class MapWidget : public QWidget, private MapInteractionHost {
     void setViewport(const MapViewport& viewport);
     /// Shows all `coordinates`; before the widget has a size, once it gets one.
     void fitCoordinates(const std::vector<Coordinate>& coordinates);
+    /// Centres `coordinate`, keeping the zoom, when it is not in view; leaves
+    /// the view alone when it is.
+    void bringIntoView(const Coordinate& coordinate);
 
     /// Overlays paint in the order they were added, later ones on top.
     void addOverlay(std::shared_ptr<MapOverlay> overlay);

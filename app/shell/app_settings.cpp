@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QStandardPaths>
 #include <QUrl>
 
@@ -13,6 +14,12 @@ const QString geometryKey = QStringLiteral("window/geometry");
 const QString stateKey = QStringLiteral("window/state");
 const QString folderKey = QStringLiteral("dialogs/lastFolder");
 const QString languageKey = QStringLiteral("interface/language");
+const QString recentKey = QStringLiteral("files/recent");
+
+// One spelling per file, so that a file opened by two paths is one entry.
+QString canonical(const QString& path) {
+    return QDir::cleanPath(QFileInfo(path).absoluteFilePath());
+}
 
 } // namespace
 
@@ -111,6 +118,27 @@ QString AppSettings::lastFolder() const {
 
 void AppSettings::setLastFolder(const QString& folder) {
     m_store.setValue(folderKey, folder);
+}
+
+QStringList AppSettings::recentFiles() const {
+    return m_store.value(recentKey).toStringList();
+}
+
+void AppSettings::addRecentFile(const QString& path) {
+    QStringList files = recentFiles();
+    files.removeAll(canonical(path));
+    files.prepend(canonical(path));
+    m_store.setValue(recentKey, files.mid(0, recentFileLimit));
+}
+
+void AppSettings::removeRecentFile(const QString& path) {
+    QStringList files = recentFiles();
+    files.removeAll(canonical(path));
+    m_store.setValue(recentKey, files);
+}
+
+void AppSettings::clearRecentFiles() {
+    m_store.remove(recentKey);
 }
 
 } // namespace trackloom

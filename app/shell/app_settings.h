@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QSettings>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 namespace trackloom {
@@ -48,6 +49,15 @@ class AppSettings {
     /// The folder the open and save dialogs start in.
     QString lastFolder() const;
     void setLastFolder(const QString& folder);
+
+    /// Files opened lately, the newest first, at most `recentFileLimit`.
+    static constexpr int recentFileLimit = 10;
+    QStringList recentFiles() const;
+    /// Puts `path` first (once, however often it was opened) and drops the
+    /// oldest entries beyond the limit.
+    void addRecentFile(const QString& path);
+    void removeRecentFile(const QString& path);
+    void clearRecentFiles();
 
   private:
     QSettings& m_store;

@@ -4,17 +4,18 @@
 #include "app/shell/about_panel.h"
 #include "app/shell/settings_dialog.h"
 #include "app/shell/shell_menus.h"
+#include "app/shell/shortcuts_dialog.h"
 #include "app/shell/welcome_view.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
 #include <QFileInfo>
 #include <QFileOpenEvent>
 #include <QListWidget>
 #include <QMimeData>
 #include <QSplitter>
 #include <QStackedWidget>
-#include <QStatusBar>
 #include <algorithm>
 
 namespace trackloom {
@@ -26,7 +27,6 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     m_menus = new ShellMenus(*this);
     m_sidebar = new QListWidget;
     m_sidebar->setObjectName(QStringLiteral("workspaceSidebar"));
-    m_sidebar->setMaximumWidth(220);
     m_sidebar->setFrameShape(QFrame::NoFrame);
     m_sidebar->hide();
     m_pages = new QStackedWidget;
@@ -36,7 +36,6 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     splitter->addWidget(m_pages);
     splitter->setStretchFactor(1, 1);
     setCentralWidget(splitter);
-    statusBar();
 
     connect(m_sidebar, &QListWidget::currentRowChanged, this, [this](int row) {
         if (row >= 0 && row < static_cast<int>(m_workspaces.size())) {
@@ -50,6 +49,16 @@ MainWindow::MainWindow(AppSettings& settings, UserDialogs& dialogs, TileSource& 
     connect(m_menus, &ShellMenus::openRequested, this, &MainWindow::chooseAndOpenFile);
     connect(m_menus, &ShellMenus::settingsRequested, this, &MainWindow::showSettings);
     connect(m_menus, &ShellMenus::aboutRequested, this, &MainWindow::showAbout);
+    connect(m_menus, &ShellMenus::shortcutsRequested, this, [this] {
+        ShortcutsDialog dialog(m_menus->shortcutGroups(), this);
+        dialog.exec();
+    });
+    connect(m_menus, &ShellMenus::recentFileChosen, this, &MainWindow::openRecentFile);
+    connect(m_menus, &ShellMenus::recentFilesCleared, this, [this] {
+        m_settings.clearRecentFiles();
+        m_menus->setRecentFiles({});
+    });
+    m_menus->setRecentFiles(m_settings.recentFiles());
 
     // On macOS, files opened from the Finder arrive as events of the application.
     qApp->installEventFilter(this);
@@ -67,12 +76,13 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
     m_workspaces.push_back(workspace);
     m_pages->addWidget(workspace->view());
     m_sidebar->addItem(new QListWidgetItem(workspace->icon(), workspace->title()));
-    // As wide as its longest title: on a small screen every pixel goes to the map.
+    // As wide as its longest title: on a small screen every pixel goes to the
+    // workspace, which has its own status line (the window needs none).
     int widest = 0;
     for (const Workspace* each : m_workspaces) {
         widest = std::max(widest, m_sidebar->fontMetrics().horizontalAdvance(each->title()));
     }
-    const int sidebarWidth = std::clamp(widest + 40, 120, 220);
+    const int sidebarWidth = std::clamp(widest + 24, 80, 200);
     m_sidebar->setMaximumWidth(sidebarWidth);
     if (auto* splitter = qobject_cast<QSplitter*>(centralWidget())) {
         splitter->setSizes({sidebarWidth, std::max(1, splitter->width() - sidebarWidth)});
@@ -83,6 +93,10 @@ void MainWindow::addWorkspace(std::unique_ptr<Workspace> owned) {
             [this, workspace] { workspaceStateChanged(workspace); });
     connect(workspace, &Workspace::activationRequested, this,
             [this, workspace] { activateWorkspace(workspace); });
+    connect(workspace, &Workspace::fileOpened, this, [this](const QString& path) {
+        m_settings.addRecentFile(path);
+        m_menus->setRecentFiles(m_settings.recentFiles());
+    });
     if (!m_active && workspace->isAvailable()) {
         activateWorkspace(workspace);
     }
@@ -147,6 +161,19 @@ void MainWindow::openFiles(const QStringList& paths) {
         activateWorkspace(*taker);
         (*taker)->open(path);
     }
+}
+
+void MainWindow::openRecentFile(const QString& path) {
+    if (!QFileInfo::exists(path)) {
+        m_settings.removeRecentFile(path);
+        m_menus->setRecentFiles(m_settings.recentFiles());
+        m_dialogs.inform(tr("Datei nicht gefunden"),
+                         tr("Die Datei gibt es nicht mehr an ihrem Ort: ") +
+                             QDir::toNativeSeparators(path) +
+                             tr(". Sie wurde aus „Zuletzt geöffnet“ entfernt."));
+        return;
+    }
+    openFiles({path});
 }
 
 void MainWindow::chooseAndOpenFile() {

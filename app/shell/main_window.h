@@ -2,7 +2,7 @@
 
 // The one main window: workspaces side by side behind a sidebar, the menus, the
 // quit guard, files from the command line or dropped on the window, and the
-// window's geometry kept across launches.
+// window's geometry and the recently opened files kept across launches.
 
 #include "app/shell/app_settings.h"
 #include "app/shell/workspace.h"
@@ -41,6 +41,9 @@ class MainWindow : public QMainWindow {
     void openFiles(const QStringList& paths);
     /// Offers an open dialog for every kind of file the workspaces read.
     void chooseAndOpenFile();
+    /// Opens an entry of "Zuletzt geöffnet"; one that is gone leaves the list
+    /// with a message.
+    void openRecentFile(const QString& path);
     /// Whether any workspace is still reading or writing.
     bool isBusy() const;
 

@@ -1,8 +1,11 @@
 #include "app/shell/shell_menus.h"
 
 #include <QApplication>
+#include <QDir>
+#include <QFileInfo>
 #include <QMainWindow>
 #include <QMenuBar>
+#include <algorithm>
 
 namespace trackloom {
 
@@ -12,15 +15,18 @@ ShellMenus::ShellMenus(QMainWindow& window) : QObject(&window) {
     m_menus[ShellMenu::edit] = bar->addMenu(tr("Bearbeiten"));
     m_menus[ShellMenu::view] = bar->addMenu(tr("Darstellung"));
     m_menus[ShellMenu::window] = bar->addMenu(tr("Fenster"));
-    QMenu* help = bar->addMenu(tr("Hilfe"));
+    m_help = bar->addMenu(tr("Hilfe"));
     buildFileMenu(window);
     buildEditMenu();
     buildViewMenu(window);
     buildWindowMenu(window);
-    QAction* about = help->addAction(tr("Über Trackloom"));
+    QAction* help = m_help->addAction(tr("Tastenkürzel"));
+    connect(help, &QAction::triggered, this, &ShellMenus::shortcutsRequested);
+    m_help->addSeparator();
+    QAction* about = m_help->addAction(tr("Über Trackloom"));
     about->setMenuRole(QAction::AboutRole);
     connect(about, &QAction::triggered, this, &ShellMenus::aboutRequested);
-    QAction* aboutQt = help->addAction(tr("Über Qt"));
+    QAction* aboutQt = m_help->addAction(tr("Über Qt"));
     aboutQt->setMenuRole(QAction::AboutQtRole);
     connect(aboutQt, &QAction::triggered, qApp, &QApplication::aboutQt);
     updateUndoRedo();
@@ -35,6 +41,10 @@ QAction* ShellMenus::add(ShellMenu which, const QString& text, const QKeySequenc
 void ShellMenus::buildFileMenu(QMainWindow& window) {
     QAction* open = add(ShellMenu::file, tr("Öffnen …"), QKeySequence::Open);
     connect(open, &QAction::triggered, this, &ShellMenus::openRequested);
+    m_recent = m_menus[ShellMenu::file]->addMenu(tr("Zuletzt geöffnet"));
+    // The entries show file names; the tool tip tells apart two of the same name.
+    m_recent->setToolTipsVisible(true);
+    setRecentFiles({});
     m_menus[ShellMenu::file]->addSeparator();
     m_sectionEnds[ShellMenu::file] = m_menus[ShellMenu::file]->addSeparator();
     QAction* close = add(ShellMenu::file, tr("Fenster schließen"), QKeySequence::Close);
@@ -145,6 +155,50 @@ void ShellMenus::updateUndoRedo() {
     };
     m_undo->setText(named(tr("Rückgängig"), canUndo ? m_active->undoText() : QString()));
     m_redo->setText(named(tr("Wiederholen"), canRedo ? m_active->redoText() : QString()));
+}
+
+void ShellMenus::setRecentFiles(const QStringList& paths) {
+    m_recent->clear();
+    for (const QString& path : paths) {
+        QString name = QFileInfo(path).fileName();
+        QAction* entry = m_recent->addAction(name.replace(QLatin1Char('&'), QLatin1String("&&")));
+        entry->setToolTip(QDir::toNativeSeparators(path));
+        connect(entry, &QAction::triggered, this, [this, path] { emit recentFileChosen(path); });
+    }
+    m_recent->addSeparator();
+    QAction* clear = m_recent->addAction(tr("Liste leeren"));
+    clear->setEnabled(!paths.isEmpty());
+    connect(clear, &QAction::triggered, this, &ShellMenus::recentFilesCleared);
+}
+
+std::vector<ShortcutGroup> ShellMenus::shortcutGroups() const {
+    // Walks the menus themselves, so that no shortcut can be left out.
+    std::vector<QAction*> general;
+    const auto collect = [this, &general](const QMenu* menu, const auto& self) -> void {
+        for (QAction* action : menu->actions()) {
+            if (action->menu()) {
+                self(action->menu(), self);
+            } else if (std::ranges::find(m_shownCommands, action) == m_shownCommands.end()) {
+                general.push_back(action);
+            }
+        }
+    };
+    for (const auto& [which, menu] : m_menus) {
+        collect(menu, collect);
+    }
+    collect(m_help, collect);
+    std::vector<ShortcutGroup> groups{{tr("Allgemein"), shortcutEntries(general)}};
+    for (const auto& workspace : m_workspaces) {
+        if (!workspace) {
+            continue;
+        }
+        std::vector<QAction*> actions;
+        for (const WorkspaceCommand& command : workspace->commands()) {
+            actions.push_back(command.action);
+        }
+        groups.push_back({workspace->title(), shortcutEntries(actions)});
+    }
+    return groups;
 }
 
 } // namespace trackloom

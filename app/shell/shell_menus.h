@@ -4,7 +4,10 @@
 // platform's standard shortcuts and menu roles (so that on macOS "Über",
 // "Einstellungen" and "Beenden" move to the application menu). The commands of
 // the active workspace appear in a section of each menu; undo and redo go to it.
+// "Datei" lists the files opened lately; "Hilfe" offers an overview of every
+// shortcut.
 
+#include "app/shell/shortcuts_dialog.h"
 #include "app/shell/workspace.h"
 
 #include <QMenu>
@@ -36,11 +39,20 @@ class ShellMenus : public QObject {
     void updateUndoRedo();
     /// Enables the "Fenster" entries of the workspaces that have something to show.
     void updateAvailability();
+    /// Lists `paths` under "Zuletzt geöffnet", newest first.
+    void setRecentFiles(const QStringList& paths);
+    QMenu* recentMenu() const { return m_recent; }
+    /// The shortcuts of the menus' own commands ("Allgemein"), then those of
+    /// every workspace, as the actions have them now.
+    std::vector<ShortcutGroup> shortcutGroups() const;
 
   signals:
     void openRequested();
     void settingsRequested();
     void aboutRequested();
+    void shortcutsRequested();
+    void recentFileChosen(const QString& path);
+    void recentFilesCleared();
     void workspaceChosen(int index);
 
   private:
@@ -51,6 +63,8 @@ class ShellMenus : public QObject {
     void buildWindowMenu(QMainWindow& window);
 
     std::map<ShellMenu, QMenu*> m_menus;
+    QMenu* m_help = nullptr;
+    QMenu* m_recent = nullptr;
     // Workspace commands go right before these separators.
     std::map<ShellMenu, QAction*> m_sectionEnds;
     std::vector<QAction*> m_shownCommands;

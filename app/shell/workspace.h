@@ -76,6 +76,8 @@ class Workspace : public QObject {
     void stateChanged();
     /// The workspace wants to be in front (another one handed it work).
     void activationRequested();
+    /// A file was read successfully, for the list of recently opened files.
+    void fileOpened(const QString& path);
 };
 
 } // namespace trackloom

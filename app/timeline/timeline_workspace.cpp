@@ -15,6 +15,11 @@ TimelineWorkspace::TimelineWorkspace(UserDialogs& dialogs, TileSource* tiles,
         connect(&m_model, signal, this, &Workspace::stateChanged);
     }
     connect(&m_model, &TimelineModel::busyChanged, this, &Workspace::stateChanged);
+    connect(&m_model, &TimelineModel::sourceChanged, this, [this] {
+        if (const auto& path = m_model.sourceURL()) {
+            emit fileOpened(*path);
+        }
+    });
 }
 
 void TimelineWorkspace::setTrackReceiver(TrackReceiver* receiver) {

@@ -2,14 +2,18 @@
 #include "app/shell/main_window.h"
 #include "app/shell/screenshot.h"
 #include "app/shell/shell_menus.h"
+#include "app/shell/shortcuts_dialog.h"
 #include "tests/app/support/qt_test_application.h"
 #include "tests/app/support/scripted_dialogs.h"
 
+#include <QDir>
+#include <QFile>
 #include <QFileOpenEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QMenuBar>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -209,6 +213,68 @@ TEST_F(MainWindowTest, AScreenshotShowsTheWindow) {
 
     EXPECT_TRUE(writeScreenshot(*window, {800, 600}, folder.filePath("missing/shot.png"),
                                 [] { return false; }));
+}
+
+TEST_F(MainWindowTest, RecentFilesReopenAndForgetFilesThatAreGone) {
+    RecordingWorkspace* editor = add("Track-Editor", "gpx");
+    const auto entries = [this] {
+        QStringList texts;
+        for (const QAction* action : window->menus().recentMenu()->actions()) {
+            if (!action->isSeparator()) {
+                texts += action->text();
+            }
+        }
+        return texts;
+    };
+    EXPECT_EQ(entries(), QStringList{"Liste leeren"});
+
+    const QString kept = folder.filePath("Runde.gpx");
+    QFile(kept).open(QIODevice::WriteOnly);
+    const QString gone = folder.filePath("Weg.gpx");
+    emit editor->fileOpened(gone);
+    emit editor->fileOpened(kept);
+    EXPECT_EQ(entries(), (QStringList{"Runde.gpx", "Weg.gpx", "Liste leeren"}));
+    EXPECT_EQ(settings.recentFiles(), (QStringList{kept, gone})) << "kept for the next launch";
+
+    window->menus().recentMenu()->actions().at(0)->trigger();
+    EXPECT_EQ(editor->opened, QStringList{kept});
+    window->menus().recentMenu()->actions().at(1)->trigger();
+    EXPECT_EQ(editor->opened, QStringList{kept}) << "nothing to open";
+    ASSERT_EQ(dialogs.messages.size(), 1u);
+    EXPECT_TRUE(dialogs.messages[0].second.contains(QDir::toNativeSeparators(gone)));
+    EXPECT_EQ(entries(), (QStringList{"Runde.gpx", "Liste leeren"}));
+
+    window->menus().recentMenu()->actions().back()->trigger();
+    EXPECT_EQ(entries(), QStringList{"Liste leeren"});
+    EXPECT_TRUE(settings.recentFiles().isEmpty());
+}
+
+TEST_F(MainWindowTest, TheShortcutOverviewListsTheActionsAsTheyAre) {
+    RecordingWorkspace* editor = add("Track-Editor", "gpx");
+    add("Zeitachse", "json");
+    editor->command.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_E));
+    const auto groups = window->menus().shortcutGroups();
+    ASSERT_EQ(groups.size(), 3u);
+    EXPECT_EQ(groups[0].title, "Allgemein");
+    const auto& general = groups[0].entries;
+    const auto keys = [](const char* sequence) {
+        return QKeySequence(QString::fromLatin1(sequence)).toString(QKeySequence::NativeText);
+    };
+    EXPECT_NE(std::ranges::find(general, ShortcutEntry{"Öffnen …", keys("Ctrl+O")}), general.end());
+    EXPECT_NE(std::ranges::find(general, ShortcutEntry{"Zeitachse", keys("Ctrl+2")}),
+              general.end());
+    // The active workspace's commands sit in the menus, but under its own title.
+    EXPECT_EQ(std::ranges::find(general, ShortcutEntry{"Probe-Befehl", keys("Ctrl+E")}),
+              general.end());
+    EXPECT_EQ(groups[1].title, "Track-Editor");
+    EXPECT_EQ(groups[1].entries, (std::vector<ShortcutEntry>{{"Probe-Befehl", keys("Ctrl+E")}}));
+    EXPECT_TRUE(groups[2].entries.empty());
+
+    editor->command.setShortcut(QKeySequence(Qt::CTRL | Qt::Key_K));
+    EXPECT_EQ(window->menus().shortcutGroups()[1].entries,
+              (std::vector<ShortcutEntry>{{"Probe-Befehl", keys("Ctrl+K")}}));
+    ShortcutsDialog dialog(window->menus().shortcutGroups(), window.get());
+    EXPECT_EQ(dialog.windowTitle(), "Tastenkürzel");
 }
 
 } // namespace

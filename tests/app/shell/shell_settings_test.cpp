@@ -36,6 +36,36 @@ LaunchOptions optionsOf(const QStringList& arguments) {
                                                          : LaunchOptions{};
 }
 
+TEST(AppSettings, KeepsTheLastOpenedFilesNewestFirstAndOnceEach) {
+    QTemporaryDir folder;
+    const QString path = folder.filePath("settings.ini");
+    const auto file = [&folder](int i) { return folder.filePath(QString("Runde %1.gpx").arg(i)); };
+    {
+        QSettings store(path, QSettings::IniFormat);
+        AppSettings settings(store);
+        EXPECT_TRUE(settings.recentFiles().isEmpty());
+        for (int i = 0; i < AppSettings::recentFileLimit + 2; ++i) {
+            settings.addRecentFile(file(i));
+        }
+        // Opened again by another spelling of the same path: moves up, no twin.
+        settings.addRecentFile(folder.path() + "/./Runde 5.gpx");
+    }
+    QSettings store(path, QSettings::IniFormat);
+    AppSettings settings(store);
+    const QStringList recent = settings.recentFiles();
+    ASSERT_EQ(recent.size(), AppSettings::recentFileLimit);
+    EXPECT_EQ(recent.front(), file(5));
+    EXPECT_EQ(recent.at(1), file(11));
+    EXPECT_EQ(recent.count(file(5)), 1);
+    EXPECT_FALSE(recent.contains(file(0))) << "the oldest fell off the end";
+    EXPECT_FALSE(recent.contains(file(1)));
+
+    settings.removeRecentFile(file(11));
+    EXPECT_EQ(settings.recentFiles().at(1), file(10));
+    settings.clearRecentFiles();
+    EXPECT_TRUE(settings.recentFiles().isEmpty());
+}
+
 TEST(LaunchOptions, ReadsFilesAndTheScreenshotRequest) {
     const auto plain = optionsOf({"a.gpx", "b.json"});
     EXPECT_EQ(plain.files, (QStringList{"a.gpx", "b.json"}));

@@ -14,56 +14,20 @@
 #include "app/editor/summary_view.h"
 #include "app/editor/time_panel.h"
 #include "app/map/map_widget.h"
-#include "tests/app/support/qt_test_application.h"
-#include "tests/app/support/scripted_dialogs.h"
+#include "tests/app/editor/views/editor_screens.h"
 
 #include <QCheckBox>
 #include <QDateTimeEdit>
-#include <QDeadlineTimer>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTableView>
-#include <QTemporaryDir>
 #include <QTest>
 
 namespace trackloom {
 namespace {
 
-class EditorScreens : public testing::ApplicationTest {
-  protected:
-    EditorScreens()
-        : store(folder.filePath("settings.ini"), QSettings::IniFormat),
-          model(store, dialogs, *date::locate_zone("UTC")), commands(model) {
-        QLocale::setDefault(QLocale(QLocale::German, QLocale::Germany));
-    }
-
-    void settle() {
-        const QDeadlineTimer deadline(30000);
-        while (model.busy() && !deadline.hasExpired()) {
-            QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
-        }
-        QCoreApplication::processEvents();
-        ASSERT_FALSE(model.busy());
-    }
-
-    void loadSample() {
-        model.demo();
-        settle();
-    }
-
-    template <typename Screen> void show(Screen& screen, QSize size = {900, 600}) {
-        screen.resize(size);
-        screen.show();
-        QCoreApplication::processEvents();
-    }
-
-    QTemporaryDir folder;
-    QSettings store;
-    testing::ScriptedDialogs dialogs;
-    EditorModel model;
-    EditorCommands commands;
-};
+using testing::EditorScreens;
 
 TEST_F(EditorScreens, EditorViewSwitchesFromTheInvitationToTheTrack) {
     EditorView view(model, commands, nullptr);
