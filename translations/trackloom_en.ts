@@ -503,6 +503,10 @@
         <source>Punkt(e) eingefügt.</source>
         <translation>Point(s) inserted.</translation>
     </message>
+    <message>
+        <source>Punkte werden eingefügt …</source>
+        <translation>Inserting points …</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::EditorModel</name>
@@ -633,6 +637,62 @@
     <message>
         <source>Änderungen verwerfen</source>
         <translation>Discard changes</translation>
+    </message>
+    <message>
+        <source>Bitte warte, bis die laufende Bearbeitung fertig ist.</source>
+        <translation>Please wait until the running edit has finished.</translation>
+    </message>
+    <message>
+        <source>1 weitere Aktion vorgemerkt</source>
+        <translation>1 more action queued</translation>
+    </message>
+    <message>
+        <source>%1 weitere Aktionen vorgemerkt</source>
+        <translation>%1 more actions queued</translation>
+    </message>
+    <message>
+        <source>Vorgemerkte Aktionen wurden verworfen.</source>
+        <translation>Queued actions were dropped.</translation>
+    </message>
+    <message>
+        <source>Track wird geteilt …</source>
+        <translation>Splitting the track …</translation>
+    </message>
+    <message>
+        <source>Punkte werden entfernt …</source>
+        <translation>Removing points …</translation>
+    </message>
+    <message>
+        <source>Punkt wird gelöscht …</source>
+        <translation>Deleting the point …</translation>
+    </message>
+    <message>
+        <source>Abschnitte werden zusammengefügt …</source>
+        <translation>Joining the sections …</translation>
+    </message>
+    <message>
+        <source>Rückgängig …</source>
+        <translation>Undoing …</translation>
+    </message>
+    <message>
+        <source>Wiederherstellen …</source>
+        <translation>Redoing …</translation>
+    </message>
+    <message>
+        <source>Zeitstempel werden erzeugt …</source>
+        <translation>Generating timestamps …</translation>
+    </message>
+    <message>
+        <source>Luftlinien-Routen werden ausgeblendet …</source>
+        <translation>Hiding straight-line routes …</translation>
+    </message>
+    <message>
+        <source>Luftlinien-Routen werden eingeblendet …</source>
+        <translation>Showing straight-line routes …</translation>
+    </message>
+    <message>
+        <source>Punkt wird verschoben …</source>
+        <translation>Moving the point …</translation>
     </message>
 </context>
 <context>
@@ -1465,7 +1525,7 @@
     </message>
     <message>
         <source>Die Zeiten des Tracks nach diesen Angaben erzeugen; der Export schreibt sie</source>
-        <translation>Generate the track's times from these settings; the export writes them</translation>
+        <translation>Generate the track&apos;s times from these settings; the export writes them</translation>
     </message>
     <message>
         <source>Den Tag des Starts im Kalender wählen</source>
