@@ -56,6 +56,7 @@ void SectionListView::showSelection() {
         m_table->clearSelection();
     } else if (m_table->selectionModel()->selectedRows().value(0).row() != row) {
         m_table->selectRow(row);
+        m_table->scrollTo(m_rows->index(row, 0));
     }
     m_selecting = false;
 }

@@ -21,9 +21,10 @@ WaypointListView::WaypointListView(EditorModel& model, MapWidget* map, QWidget* 
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_table->verticalHeader()->hide();
+    // Every column keeps the width of its texts; a narrow table scrolls rather
+    // than cutting names or breaking coordinates over two lines.
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->horizontalHeader()->setSectionResizeMode(WaypointTableModel::nameColumn,
-                                                      QHeaderView::Stretch);
+    m_table->setWordWrap(false);
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
     m_pages->addWidget(m_table);
