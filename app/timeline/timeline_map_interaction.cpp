@@ -1,7 +1,5 @@
 #include "app/timeline/timeline_map_interaction.h"
 
-#include "app/map/points_overlay.h"
-
 #include <QGuiApplication>
 
 namespace trackloom {
