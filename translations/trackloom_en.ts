@@ -218,6 +218,62 @@
         <source>Bitte gültige Koordinaten eingeben.</source>
         <translation>Please enter valid coordinates.</translation>
     </message>
+    <message>
+        <source>Punkt</source>
+        <translation>Point</translation>
+    </message>
+    <message>
+        <source> von </source>
+        <translation> of </translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>unlesbar</source>
+        <translation>unreadable</translation>
+    </message>
+    <message>
+        <source>Koordinaten</source>
+        <translation>Coordinates</translation>
+    </message>
+    <message>
+        <source>Höhe</source>
+        <translation>Elevation</translation>
+    </message>
+    <message>
+        <source>Herzfrequenz</source>
+        <translation>Heart rate</translation>
+    </message>
+    <message>
+        <source> /min</source>
+        <translation> /min</translation>
+    </message>
+    <message>
+        <source>Trittfrequenz</source>
+        <translation>Cadence</translation>
+    </message>
+    <message>
+        <source>Temperatur</source>
+        <translation>Temperature</translation>
+    </message>
+    <message>
+        <source> °C</source>
+        <translation> °C</translation>
+    </message>
+    <message>
+        <source>Geschwindigkeit</source>
+        <translation>Speed</translation>
+    </message>
+    <message>
+        <source> km/h</source>
+        <translation> km/h</translation>
+    </message>
+    <message>
+        <source>dd.MM.yyyy HH:mm:ss</source>
+        <translation>yyyy-MM-dd HH:mm:ss</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::DataCalendarButton</name>
@@ -744,6 +800,22 @@
         <source>Eine GPX-Datei von diesem Rechner öffnen</source>
         <translation>Open a GPX file from this computer</translation>
     </message>
+    <message>
+        <source>Höhenprofil</source>
+        <translation>Elevation profile</translation>
+    </message>
+    <message>
+        <source>Abschnitte</source>
+        <translation>Sections</translation>
+    </message>
+    <message>
+        <source>Wegpunkte</source>
+        <translation>Waypoints</translation>
+    </message>
+    <message>
+        <source>Punkt</source>
+        <translation>Point</translation>
+    </message>
 </context>
 <context>
     <name>trackloom::EditorWorkspace</name>
@@ -758,6 +830,25 @@
     <message>
         <source>Die bearbeitete GPX-Datei wurde noch nicht vollständig exportiert. Zum Sichern zuerst abbrechen und „GPX exportieren“ wählen.</source>
         <translation>The edited GPX file has not been fully exported yet. To keep it, cancel first and choose “Export GPX”.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::ElevationProfileView</name>
+    <message>
+        <source>Dieser Track enthält keine Höhenangaben.</source>
+        <translation>This track has no elevations.</translation>
+    </message>
+    <message>
+        <source> m</source>
+        <translation> m</translation>
+    </message>
+    <message>
+        <source>0 km</source>
+        <translation>0 km</translation>
+    </message>
+    <message>
+        <source> km</source>
+        <translation> km</translation>
     </message>
 </context>
 <context>
@@ -1208,6 +1299,32 @@
     </message>
 </context>
 <context>
+    <name>trackloom::PointDetailsView</name>
+    <message>
+        <source>Wähle einen Punkt auf der Karte, in den Intervallen oder in einem Profil, um ihn hier zu sehen.</source>
+        <translation>Choose a point on the map, in the intervals or in a profile to see it here.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::SectionTableModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Punkte</source>
+        <translation>Points</translation>
+    </message>
+    <message>
+        <source>Strecke</source>
+        <translation>Distance</translation>
+    </message>
+    <message>
+        <source>Dauer</source>
+        <translation>Duration</translation>
+    </message>
+</context>
+<context>
     <name>trackloom::SettingsDialog</name>
     <message>
         <source>Einstellungen</source>
@@ -1449,12 +1566,16 @@
         <translation>Straight-line routes</translation>
     </message>
     <message>
-        <source>dd.MM.yyyy HH:mm:ss</source>
-        <translation>yyyy-MM-dd HH:mm:ss</translation>
-    </message>
-    <message>
         <source> (ausgeblendet)</source>
         <translation> (hidden)</translation>
+    </message>
+    <message>
+        <source>Anstieg</source>
+        <translation>Ascent</translation>
+    </message>
+    <message>
+        <source>Abstieg</source>
+        <translation>Descent</translation>
     </message>
 </context>
 <context>
@@ -2069,6 +2190,32 @@
     <message>
         <source>Es gibt Änderungen, die noch nicht als Arbeitskopie gesichert wurden. Exporte einer Auswahl enthalten nur den jeweiligen Ausschnitt. Zum Sichern zuerst abbrechen und „Arbeitskopie sichern“ wählen.</source>
         <translation>There are changes that have not been saved as a working copy yet. Exports of a selection contain only that part. To keep them, cancel first and choose “Save working copy”.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::WaypointListView</name>
+    <message>
+        <source>Diese Datei enthält keine Wegpunkte.</source>
+        <translation>This file has no waypoints.</translation>
+    </message>
+</context>
+<context>
+    <name>trackloom::WaypointTableModel</name>
+    <message>
+        <source>Name</source>
+        <translation>Name</translation>
+    </message>
+    <message>
+        <source>Zeit</source>
+        <translation>Time</translation>
+    </message>
+    <message>
+        <source>Höhe</source>
+        <translation>Elevation</translation>
+    </message>
+    <message>
+        <source>Koordinaten</source>
+        <translation>Coordinates</translation>
     </message>
 </context>
 <context>

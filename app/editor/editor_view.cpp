@@ -3,11 +3,15 @@
 #include "app/editor/edit_panel.h"
 #include "app/editor/editor_commands.h"
 #include "app/editor/editor_model.h"
+#include "app/editor/elevation_profile_view.h"
 #include "app/editor/interval_table_view.h"
 #include "app/editor/map_editor.h"
+#include "app/editor/point_details_view.h"
+#include "app/editor/section_list_view.h"
 #include "app/editor/speed_profile_view.h"
 #include "app/editor/summary_view.h"
 #include "app/editor/time_panel.h"
+#include "app/editor/waypoint_list_view.h"
 #include "app/shell/tool_tips.h"
 
 #include <QHBoxLayout>
@@ -96,6 +100,9 @@ QWidget* EditorView::editorPage(EditorCommands& commands, TileSource* tiles) {
     auto* below = new QTabWidget;
     below->addTab(m_intervals, tr("Intervalle"));
     below->addTab(m_profile, tr("Geschwindigkeitsprofil"));
+    below->addTab(new ElevationProfileView(m_model), tr("Höhenprofil"));
+    below->addTab(new SectionListView(m_model, commands.exportSection), tr("Abschnitte"));
+    below->addTab(new WaypointListView(m_model, m_map->map()), tr("Wegpunkte"));
     auto* left = new QSplitter(Qt::Vertical);
     left->addWidget(m_map);
     left->addWidget(below);
@@ -107,6 +114,7 @@ QWidget* EditorView::editorPage(EditorCommands& commands, TileSource* tiles) {
     side->addTab(scrolling(m_summary), tr("Übersicht"));
     side->addTab(scrolling(new EditPanel(m_model, commands)), tr("Bearbeiten"));
     side->addTab(scrolling(m_time), tr("Zeiten"));
+    side->addTab(scrolling(new PointDetailsView(m_model)), tr("Punkt"));
 
     auto* page = new QSplitter(Qt::Horizontal);
     page->addWidget(left);

@@ -2,6 +2,7 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/speed_legend.h"
+#include "app/map/labelled_markers_overlay.h"
 #include "app/map/map_widget.h"
 #include "app/map/points_overlay.h"
 #include "app/map/polyline_overlay.h"
@@ -129,6 +130,7 @@ void MapEditor::showTrack() {
     if (m_model.mapRevision() != m_shownRevision || m_model.speedScale().get() != m_shownScale) {
         m_shownRevision = m_model.mapRevision();
         m_shownScale = m_model.speedScale().get();
+        m_annotations.showWaypoints(m_model.track().get());
         m_jobs.start<Overlays>(
             0,
             [points = m_model.mapPoints(), scale = m_model.speedScale()](const JobContext& job) {
@@ -159,17 +161,20 @@ void MapEditor::install(Overlays overlays) {
 
 void MapEditor::arrangeOverlays() {
     for (const auto* overlay : std::initializer_list<const MapOverlay*>{
-             m_overlays.airLines.get(), m_overlays.lines.get(), m_overlays.points.get(),
-             m_selection.get(), m_pending.get()}) {
+             m_overlays.airLines.get(), m_annotations.sectionBand().get(), m_overlays.lines.get(),
+             m_overlays.points.get(), m_annotations.waypoints().get(), m_selection.get(),
+             m_pending.get()}) {
         m_map->removeOverlay(overlay);
     }
     m_map->addOverlay(m_overlays.airLines);
+    m_map->addOverlay(m_annotations.sectionBand());
     m_map->addOverlay(m_overlays.lines);
     // Every point is drawn only while points are being dragged; the other tools
     // still find them under the pointer, but the line stays readable.
     if (m_model.mapTool().tool() == MapTool::move) {
         m_map->addOverlay(m_overlays.points);
     }
+    m_map->addOverlay(m_annotations.waypoints());
     m_map->addOverlay(m_selection);
     m_map->addOverlay(m_pending);
 }
@@ -182,6 +187,7 @@ void MapEditor::showSelection() {
         marked.push_back(points[static_cast<std::size_t>(*selected)].coordinate);
     }
     m_selection->setPoints(marked);
+    m_annotations.showSection(points, selected, m_model.mapRevision());
     m_map->refreshOverlays();
 }
 

@@ -1,13 +1,15 @@
 #pragma once
 
 // The editor's map: the track as lines (coloured by speed when asked), its
-// points, the selection and the points waiting to be inserted, with the three
+// points, the selection and the points waiting to be inserted, the waypoints
+// and the selected section (`MapAnnotations`), with the three
 // tools — select, move by dragging, insert by clicking on the line. Clicks and
 // drags go to the model; what the map shows always comes back from it.
 //
 // Preparing the lines of a long track takes a noticeable moment, so it runs on
 // the map's own job runner; the newest preparation replaces the shown one.
 
+#include "app/editor/map_annotations.h"
 #include "app/shell/job_runner.h"
 
 #include <QWidget>
@@ -64,6 +66,7 @@ class MapEditor : public QWidget {
     Overlays m_overlays;
     std::shared_ptr<PointsOverlay> m_selection;
     std::shared_ptr<PointsOverlay> m_pending;
+    MapAnnotations m_annotations;
     int m_shownRevision = -1;
     const void* m_shownScale = nullptr;
     int m_shownFit = 0;

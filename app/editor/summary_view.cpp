@@ -2,7 +2,8 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
-#include "app/shell/time_conversion.h"
+#include "app/editor/point_texts.h"
+#include "core/track/elevation.h"
 
 #include <QFormLayout>
 #include <QLabel>
@@ -44,9 +45,10 @@ SummaryView::SummaryView(EditorModel& model, QWidget* parent)
          {QT_TR_NOOP("Name"), QT_TR_NOOP("Punkte"), QT_TR_NOOP("Abschnitte"), QT_TR_NOOP("Start"),
           QT_TR_NOOP("Ende"), QT_TR_NOOP("Strecke"), QT_TR_NOOP("Strecke mit Zeit"),
           QT_TR_NOOP("Dauer mit Zeit"), QT_TR_NOOP("Ø Geschwindigkeit"),
-          QT_TR_NOOP("Höchstgeschwindigkeit"), QT_TR_NOOP("Gültige Intervalle"),
-          QT_TR_NOOP("Ungültige Intervalle"), QT_TR_NOOP("Fehlende Zeiten"),
-          QT_TR_NOOP("Unlesbare Zeiten"), QT_TR_NOOP("Luftlinien-Routen")}) {
+          QT_TR_NOOP("Höchstgeschwindigkeit"), QT_TR_NOOP("Anstieg"), QT_TR_NOOP("Abstieg"),
+          QT_TR_NOOP("Gültige Intervalle"), QT_TR_NOOP("Ungültige Intervalle"),
+          QT_TR_NOOP("Fehlende Zeiten"), QT_TR_NOOP("Unlesbare Zeiten"),
+          QT_TR_NOOP("Luftlinien-Routen")}) {
         addRow(tr(label));
     }
     layout->addStretch();
@@ -75,6 +77,15 @@ QString SummaryView::value(const QString& label) const {
     return found == m_values.end() ? QString() : found->second->text();
 }
 
+void SummaryView::showClimbing(const GPXTrack& track) {
+    const bool hasElevation = std::ranges::any_of(
+        track.points(), [](const TrackPoint& point) { return point.elevation.has_value(); });
+    const auto gain = elevationGain(track.points());
+    set(tr("Anstieg"), hasElevation ? elevationText(std::round(gain.ascent)) : QStringLiteral("–"));
+    set(tr("Abstieg"),
+        hasElevation ? elevationText(std::round(gain.descent)) : QStringLiteral("–"));
+}
+
 void SummaryView::refresh() {
     m_synthetic->setVisible(m_model.isSynthetic());
     const auto& track = m_model.track();
@@ -85,22 +96,18 @@ void SummaryView::refresh() {
         return;
     }
     const auto& analysis = track->analysis();
-    const auto timeText = [this](std::optional<Instant> time) {
-        const auto& zone = m_model.timeFields().zone();
-        return time ? wallClockOf(*time, zone).toString(tr("dd.MM.yyyy HH:mm:ss")) +
-                          QStringLiteral(" ") + QString::fromStdString(std::string(zone.name()))
-                    : QStringLiteral("–");
-    };
+    const auto& zone = m_model.timeFields().zone();
     set(tr("Name"), QString::fromStdString(track->name()));
     set(tr("Punkte"), QString::number(track->points().size()));
     set(tr("Abschnitte"), QString::number(analysis.segmentCount));
-    set(tr("Start"), timeText(track->start()));
-    set(tr("Ende"), timeText(track->end()));
+    set(tr("Start"), zonedTimeText(track->start(), zone));
+    set(tr("Ende"), zonedTimeText(track->end(), zone));
     set(tr("Strecke"), kilometres(analysis.distance));
     set(tr("Strecke mit Zeit"), kilometres(analysis.timedDistance));
     set(tr("Dauer mit Zeit"), clockDuration(analysis.timedSeconds));
     set(tr("Ø Geschwindigkeit"), speedText(analysis.averageSpeed()));
     set(tr("Höchstgeschwindigkeit"), speedText(analysis.maxSpeed()));
+    showClimbing(*track);
     set(tr("Gültige Intervalle"), QString::number(analysis.validIntervals()));
     set(tr("Ungültige Intervalle"), QString::number(analysis.invalidIntervals()));
     set(tr("Fehlende Zeiten"), QString::number(analysis.missingTimes));

@@ -8,8 +8,9 @@ class QLabel;
 namespace trackloom {
 
 class EditorModel;
+class GPXTrack;
 
-/// The figures of the displayed track: distances, durations, speeds, and how
+/// The figures of the displayed track: distances, durations, speeds, climbing, and how
 /// many intervals and times are valid, missing or unreadable.
 class SummaryView : public QWidget {
     Q_OBJECT
@@ -22,6 +23,7 @@ class SummaryView : public QWidget {
 
   private:
     void refresh();
+    void showClimbing(const GPXTrack& track);
     void addRow(const QString& label);
     void set(const QString& label, const QString& value);
 

@@ -1,5 +1,6 @@
 #include "app/timeline/timeline_map.h"
 
+#include "app/map/labelled_markers_overlay.h"
 #include "app/map/map_widget.h"
 #include "app/map/points_overlay.h"
 #include "app/map/polyline_overlay.h"
@@ -28,7 +29,7 @@ TimelineMap::Overlays overlaysOf(const std::vector<TimelinePoint>& shown) {
                                        QColor(0, 102, 204), QColor(255, 255, 255, 160), 2.5, 0.5}),
                                    std::make_shared<PointsOverlay>(
                                        MarkerStyle{QColor(52, 199, 89), QColor(Qt::black), 5, 1.5}),
-                                   std::make_shared<VisitOverlay>(),
+                                   std::make_shared<LabelledMarkersOverlay>(QColor(175, 82, 222)),
                                    std::make_shared<PointsOverlay>(),
                                    {},
                                    {},
@@ -47,7 +48,7 @@ TimelineMap::Overlays overlaysOf(const std::vector<TimelinePoint>& shown) {
     std::unordered_map<std::int64_t, std::size_t> lineOf;
     std::vector<Coordinate> dots;
     std::vector<Coordinate> activities;
-    std::vector<MapVisit> visits;
+    std::vector<LabelledMarker> visits;
     std::vector<Coordinate> all;
     all.reserve(shown.size());
     for (const TimelinePoint* point : ordered) {
@@ -80,7 +81,7 @@ TimelineMap::Overlays overlaysOf(const std::vector<TimelinePoint>& shown) {
         overlays.dots->setPoints(dots);
     }
     overlays.activities->setPoints(activities);
-    overlays.visits->setVisits(std::move(visits));
+    overlays.visits->setMarkers(std::move(visits));
     overlays.targets->setPoints(all);
     return overlays;
 }

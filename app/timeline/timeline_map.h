@@ -24,7 +24,7 @@ class PolylineOverlay;
 class RubberBandOverlay;
 class TileSource;
 class TimelineModel;
-class VisitOverlay;
+class LabelledMarkersOverlay;
 
 class TimelineMap : public QWidget {
     Q_OBJECT
@@ -43,7 +43,7 @@ class TimelineMap : public QWidget {
         std::shared_ptr<PolylineOverlay> lines;
         std::shared_ptr<PointsOverlay> dots;
         std::shared_ptr<PointsOverlay> activities;
-        std::shared_ptr<VisitOverlay> visits;
+        std::shared_ptr<LabelledMarkersOverlay> visits;
         // Every shown point, for hits and the rubber band; indices are those of `ids`.
         std::shared_ptr<PointsOverlay> targets;
         std::vector<std::int64_t> ids;

@@ -4,16 +4,8 @@
 // keyboard at that moment: with Shift it opens a rubber band, on a selected
 // point it drags that point, anywhere else a drag pans. A click selects the
 // point under it (with Ctrl or Cmd it adds or removes the point instead).
-//
-// Also the overlay of the visits: markers with their labels, where labels that
-// would cover each other give way to the earlier one.
 
 #include "app/map/map_interaction.h"
-
-#include <QFont>
-#include <QImage>
-#include <QString>
-#include <vector>
 
 namespace trackloom {
 
@@ -44,34 +36,6 @@ class TimelineMapInteraction : public MapInteraction {
     SelectInteraction m_select;
     MapInteraction* m_current = nullptr;
     bool m_toggle = false;
-};
-
-struct MapVisit {
-    Coordinate coordinate;
-    QString label;
-};
-
-class VisitOverlay : public MapOverlay {
-  public:
-    void setVisits(std::vector<MapVisit> visits);
-
-    void paint(QPainter& painter, const MapViewport& viewport) const override;
-
-  private:
-    /// A label as drawn: elided to fit, with the box it needs.
-    struct Label {
-        QString text;
-        QSizeF size;
-    };
-    /// Lays the labels out once per font: a year holds thousands of stays, and
-    /// measuring text every frame would cost more than the frame has.
-    const std::vector<Label>& labelsFor(const QFont& font) const;
-
-    std::vector<MapPoint> m_points;
-    std::vector<QString> m_labels;
-    mutable std::vector<Label> m_laidOut;
-    mutable QFont m_laidOutFont;
-    mutable QImage m_marker;
 };
 
 } // namespace trackloom

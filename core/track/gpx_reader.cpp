@@ -2,6 +2,7 @@
 // failing rule decides the message), then the derived views and the analysis.
 
 #include "core/base/gpx_error.h"
+#include "core/base/text_trimming.h"
 #include "core/track/air_route_detection.h"
 #include "core/track/gpx_track.h"
 #include "core/track/number_parsing.h"
@@ -105,13 +106,16 @@ void GPXTrackReader::readPoint(xml::Element element, std::int64_t segment) {
     if (!latitude || !longitude) {
         throw GPXError::withNumber("Punkt ", id + 1, " hat ungültige Koordinaten.");
     }
-    TrackPoint point{id, segment, *latitude, *longitude, std::nullopt, false};
+    TrackPoint point{id, segment, *latitude, *longitude, std::nullopt, false, std::nullopt};
     if (const auto time = first(element, "time")) {
         if (next(*time)) {
             throw GPXError::withNumber("Punkt ", id + 1, " enthält mehrere Zeitstempel.");
         }
         point.time = parseTrackTime(time->text(m_textStorage));
         point.invalidTime = !point.time;
+    }
+    if (const auto elevation = first(element, "ele")) {
+        point.elevation = parseFiniteNumber(trimmedWhitespace(elevation->text(m_textStorage)));
     }
     points.push_back(point);
 }

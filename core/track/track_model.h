@@ -22,6 +22,8 @@ struct TrackPoint {
     std::optional<Instant> time;
     /// The point has a time element whose text is not a valid timestamp.
     bool invalidTime = false;
+    /// Metres from the `ele` element; absent when it is missing or unreadable.
+    std::optional<double> elevation;
 
     friend bool operator==(const TrackPoint&, const TrackPoint&) = default;
 };

@@ -39,7 +39,7 @@ TEST(Splitting, BothPartsKeepTheBoundaryPoint) {
     const auto result = splitting(*track, 5, " Hin ", "Zurück");
 
     EXPECT_EQ(sectionSizes(*result), (std::vector<std::size_t>{2, 4, 7, 3}));
-    EXPECT_EQ(result->points()[5], (TrackPoint{5, 1, 1, 0.003, std::nullopt, false}));
+    EXPECT_EQ(result->points()[5], (TrackPoint{5, 1, 1, 0.003, std::nullopt, false, std::nullopt}));
     EXPECT_EQ(result->points()[6].longitude, 0.003);
     EXPECT_EQ(result->segments()[1].name, "Hin · Abschnitt 2") << "names are trimmed";
     EXPECT_EQ(result->segments()[2].name, "Zurück · Abschnitt 1");

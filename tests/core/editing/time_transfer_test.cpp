@@ -60,7 +60,7 @@ TEST(MaterializingTimes, RefusesWhenTheTimesDoNotCoverThePoints) {
 }
 
 TrackPoint timedPoint(double latitude, double longitude, std::optional<Instant> time) {
-    return TrackPoint{0, 0, latitude, longitude, time, false};
+    return TrackPoint{0, 0, latitude, longitude, time, false, std::nullopt};
 }
 
 double fractionOf(Instant time, Instant from, Instant to) {

@@ -8,7 +8,7 @@ namespace {
 
 TrackPoint at(std::int64_t id, std::int64_t segment, double latitude,
               std::optional<double> unixTime, bool invalidTime = false) {
-    TrackPoint point{id, segment, latitude, 0, std::nullopt, invalidTime};
+    TrackPoint point{id, segment, latitude, 0, std::nullopt, invalidTime, std::nullopt};
     if (unixTime) {
         point.time = Instant::fromUnixSeconds(*unixTime);
     }

@@ -1,0 +1,50 @@
+#pragma once
+
+// Markers with a name beside them: the timeline's visits, the editor's
+// waypoints. Where labels would cover each other, the earlier one stays and
+// the later one gives way; its marker is still drawn.
+
+#include "app/map/map_overlay.h"
+
+#include <QColor>
+#include <QFont>
+#include <QImage>
+#include <QString>
+#include <vector>
+
+namespace trackloom {
+
+struct LabelledMarker {
+    Coordinate coordinate;
+    /// Empty for a marker without a label.
+    QString label;
+};
+
+class LabelledMarkersOverlay : public MapOverlay {
+  public:
+    explicit LabelledMarkersOverlay(QColor markerColour);
+
+    void setMarkers(std::vector<LabelledMarker> markers);
+    std::size_t size() const { return m_points.size(); }
+
+    void paint(QPainter& painter, const MapViewport& viewport) const override;
+
+  private:
+    /// A label as drawn: elided to fit, with the box it needs.
+    struct Label {
+        QString text;
+        QSizeF size;
+    };
+    /// Lays the labels out once per font: a year holds thousands of stays, and
+    /// measuring text every frame would cost more than the frame has.
+    const std::vector<Label>& labelsFor(const QFont& font) const;
+
+    QColor m_colour;
+    std::vector<MapPoint> m_points;
+    std::vector<QString> m_labels;
+    mutable std::vector<Label> m_laidOut;
+    mutable QFont m_laidOutFont;
+    mutable QImage m_marker;
+};
+
+} // namespace trackloom
