@@ -4,7 +4,10 @@
 #include "app/shell/time_conversion.h"
 
 #include <QCoreApplication>
+#include <algorithm>
+#include <array>
 #include <cmath>
+#include <string_view>
 
 namespace trackloom {
 namespace {
@@ -15,12 +18,22 @@ QString tr(const char* text) {
 
 } // namespace
 
+QString zoneText(const date::time_zone& zone) {
+    // A system's zone files may hold UTC under each of its names as a zone of its own.
+    static constexpr std::array<std::string_view, 8> utcNames = {
+        "UTC", "Etc/UTC", "UCT", "Etc/UCT", "Universal", "Etc/Universal", "Zulu", "Etc/Zulu"};
+    const auto name = zone.name();
+    return std::find(utcNames.begin(), utcNames.end(), name) != utcNames.end()
+               ? QStringLiteral("UTC")
+               : QString::fromStdString(std::string(name));
+}
+
 QString zonedTimeText(std::optional<Instant> time, const date::time_zone& zone) {
     if (!time) {
         return QStringLiteral("–");
     }
     return wallClockOf(*time, zone).toString(tr("dd.MM.yyyy HH:mm:ss")) + QStringLiteral(" ") +
-           QString::fromStdString(std::string(zone.name()));
+           zoneText(zone);
 }
 
 QString coordinateText(const Coordinate& coordinate) {

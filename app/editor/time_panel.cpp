@@ -2,6 +2,7 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
+#include "app/editor/point_texts.h"
 #include "app/shell/data_calendar_button.h"
 #include "app/shell/data_calendar_view.h"
 #include "app/shell/time_conversion.h"
@@ -206,7 +207,7 @@ void TimePanel::refresh() {
         day->setDays(instant);
     }
     // Every time shown says in which zone it is.
-    const QString zoneName = QString::fromStdString(std::string(fields.zone().name()));
+    const QString zoneName = zoneText(fields.zone());
     m_startLabel->setText((generating ? tr("Start") : tr("Neuer Start")) + QStringLiteral(" (") +
                           zoneName + QStringLiteral(")"));
     m_endLabel->setText(tr("Ende") + QStringLiteral(" (") + zoneName + QStringLiteral(")"));

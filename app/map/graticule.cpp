@@ -1,6 +1,7 @@
 #include "app/map/graticule.h"
 
 #include <QCoreApplication>
+#include <QFontMetricsF>
 #include <QLocale>
 #include <array>
 #include <cmath>
@@ -45,6 +46,10 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     painter.save();
     const QColor lineColor(190, 196, 204);
     const QColor labelColor(120, 128, 138);
+    // The bottom-left corner holds the scale bar, perhaps above a note: room for
+    // two boxes in the painter's own font stays free of latitude labels.
+    const double labelFloor =
+        viewport.size().height() - 2 * (QFontMetricsF(painter.font()).height() + 15);
     QFont font = painter.font();
     font.setPointSizeF(font.pointSizeF() * 0.8);
     painter.setFont(font);
@@ -67,6 +72,9 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
         const double y = viewport.toScreen(Coordinate{latitude, 0}).y();
         painter.setPen(lineColor);
         painter.drawLine(QPointF(world.left(), y), QPointF(world.right(), y));
+        if (y + 12 > labelFloor) {
+            continue;
+        }
         painter.setPen(labelColor);
         painter.drawText(QPointF(std::max(0.0, world.left()) + 3, y + 12),
                          degreeLabel(latitude, QT_TRANSLATE_NOOP("trackloom", "N"),

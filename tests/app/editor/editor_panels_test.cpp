@@ -1,6 +1,7 @@
 // The figures behind the editor's section list and point details, without widgets.
 
 #include "app/editor/point_details.h"
+#include "app/editor/point_texts.h"
 #include "app/editor/section_table_model.h"
 #include "editor_test_support.h"
 
@@ -44,6 +45,14 @@ TEST_F(EditorPanels, SectionsListTheirPointsDistanceAndTimedDuration) {
     EXPECT_EQ(rows.rowForPoint(8), 2);
     EXPECT_EQ(rows.rowForPoint(9), -1);
     EXPECT_EQ(rows.section(1)->pointIDs.front(), 3);
+}
+
+TEST(PointTexts, EveryNameOfUTCReadsUTC) {
+    for (const char* name : {"UTC", "Etc/UTC", "Etc/Zulu", "Universal"}) {
+        EXPECT_EQ(zoneText(*date::locate_zone(name)), "UTC") << name;
+    }
+    EXPECT_EQ(zoneText(*date::locate_zone("Europe/Berlin")), "Europe/Berlin");
+    EXPECT_EQ(zoneText(*date::locate_zone("Etc/GMT+2")), "Etc/GMT+2");
 }
 
 TEST_F(EditorPanels, PointDetailsNameTheZoneAndShowOnlyTheReadingsPresent) {
