@@ -33,7 +33,18 @@ double graticuleSpacing(const MapViewport& viewport) {
     return chosen;
 }
 
+QFont labelFont(QFont font) {
+    font.setPointSizeF(font.pointSizeF() * 0.8);
+    return font;
+}
+
 } // namespace
+
+QMarginsF graticuleLabelBands(const QFont& font) {
+    const QFontMetricsF metrics(labelFont(font));
+    return QMarginsF(metrics.horizontalAdvance(QStringLiteral("88,888° N")) + 6,
+                     metrics.height() + 4, 0, 0);
+}
 
 void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     const QRectF world(viewport.toScreen(MapPoint{0, 0}), viewport.toScreen(MapPoint{1, 1}));
@@ -50,9 +61,7 @@ void paintGraticule(QPainter& painter, const MapViewport& viewport) {
     // two boxes in the painter's own font stays free of latitude labels.
     const double labelFloor =
         viewport.size().height() - 2 * (QFontMetricsF(painter.font()).height() + 15);
-    QFont font = painter.font();
-    font.setPointSizeF(font.pointSizeF() * 0.8);
-    painter.setFont(font);
+    painter.setFont(labelFont(painter.font()));
     const double firstLongitude =
         std::max(-180.0, std::floor(topLeft.longitude / spacing) * spacing);
     for (double longitude = firstLongitude; longitude <= std::min(180.0, bottomRight.longitude);

@@ -2,6 +2,7 @@
 
 #include "app/map/map_viewport.h"
 
+#include <QMarginsF>
 #include <QPainter>
 
 namespace trackloom {
@@ -10,5 +11,9 @@ namespace trackloom {
 /// latitude and longitude labelled in degrees, what the map shows when no tiles
 /// are at hand.
 void paintGraticule(QPainter& painter, const MapViewport& viewport);
+
+/// The map's left and top bands where, painted in `font`, the degree labels
+/// stand: labels of overlays keep out of them.
+QMarginsF graticuleLabelBands(const QFont& font);
 
 } // namespace trackloom

@@ -1,5 +1,6 @@
 #include "app/map/labelled_markers_overlay.h"
 
+#include "app/map/graticule.h"
 #include "app/map/points_overlay.h"
 
 #include <algorithm>
@@ -45,23 +46,45 @@ void LabelledMarkersOverlay::paint(QPainter& painter, const MapViewport& viewpor
     const auto& labels = labelsFor(painter.font());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    std::vector<QRectF> taken;
+    // Markers first, labels on top: a label is never hidden under a marker.
+    std::vector<std::size_t> shown;
+    std::vector<QRectF> markers;
     for (std::size_t i = 0; i < m_points.size(); ++i) {
-        if (!region.contains(m_points[i])) {
-            continue;
+        if (region.contains(m_points[i])) {
+            const QPointF at = viewport.toScreen(m_points[i]);
+            painter.drawImage(at - markerOffset, m_marker);
+            shown.push_back(i);
+            markers.emplace_back(at - markerOffset, at + markerOffset);
         }
-        const QPointF at = viewport.toScreen(m_points[i]);
-        painter.drawImage(at - markerOffset, m_marker);
+    }
+    // With very many markers, keeping labels off each of them costs more than a frame has.
+    if (markers.size() > 2000) {
+        markers.clear();
+    }
+    const QRectF screen =
+        QRectF(QPointF(0, 0), viewport.size()) - graticuleLabelBands(painter.font());
+    std::vector<QRectF> taken;
+    const auto isFree = [&](const QRectF& box) {
+        const auto overlaps = [&](const QRectF& other) { return other.intersects(box); };
+        return screen.contains(box) && std::ranges::none_of(taken, overlaps) &&
+               std::ranges::none_of(markers, overlaps);
+    };
+    for (const std::size_t i : shown) {
         const Label& label = labels[i];
         // Beyond a few hundred labels nothing is readable; the markers remain.
         if (label.text.isEmpty() || taken.size() > 300) {
             continue;
         }
+        // Right of the marker, else left of it; a label that fits neither way
+        // inside the map, clear of the others, is left out.
+        const QPointF at = viewport.toScreen(m_points[i]);
         QRectF box(QPointF(), label.size);
         box.moveTopLeft(at + QPointF(radius + 3, -box.height() / 2));
-        if (std::ranges::any_of(taken,
-                                [&](const QRectF& other) { return other.intersects(box); })) {
-            continue;
+        if (!isFree(box)) {
+            box.moveTopRight(at + QPointF(-radius - 3, -box.height() / 2));
+            if (!isFree(box)) {
+                continue;
+            }
         }
         taken.push_back(box);
         painter.setPen(Qt::NoPen);

@@ -1,8 +1,10 @@
 #pragma once
 
 // Markers with a name beside them: the timeline's visits, the editor's
-// waypoints. Where labels would cover each other, the earlier one stays and
-// the later one gives way; its marker is still drawn.
+// waypoints. A label stands right of its marker, or left where that is taken,
+// always inside the map, off the grid's degree labels and clear of other
+// labels and markers; where neither
+// side is free the label gives way and its marker is still drawn.
 
 #include "app/map/map_overlay.h"
 
