@@ -12,6 +12,7 @@
 #include "app/shell/screenshot.h"
 #include "app/shell/translation.h"
 #include "app/timeline/timeline_workspace.h"
+#include "core/base/allocator_tuning.h"
 #include "core/base/time_zones.h"
 
 #include <QApplication>
@@ -46,6 +47,7 @@ struct ScreenshotExplorer : PlaceScopeReceiver {
 } // namespace
 
 int main(int argc, char** argv) {
+    tuneAllocatorForLargeDocuments();
     const bool screenshot = wantsScreenshot(argc, argv);
     if (screenshot) {
         // Screenshots are for machines without a display; they never need one.

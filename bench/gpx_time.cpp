@@ -4,6 +4,7 @@
 
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
+#include "core/base/allocator_tuning.h"
 #include "core/base/file_io.h"
 #include "core/base/xml/xml_internal.h"
 #include "core/editing/time_operations.h"
@@ -14,6 +15,7 @@
 using namespace trackloom;
 
 int main() {
+    tuneAllocatorForLargeDocuments();
     const auto path = bench::ensureLargeGPX(bench::benchmarkDataFolder());
     const auto bytes = readFileBytes(path);
     const auto track = GPXTrack::read(bytes, path.filename().string());

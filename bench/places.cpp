@@ -4,6 +4,7 @@
 // that reading the memory sets.
 
 #include "bench/support/measure.h"
+#include "core/base/allocator_tuning.h"
 #include "core/places/heat_cells.h"
 #include "core/places/place_analysis.h"
 
@@ -64,6 +65,7 @@ std::vector<HeatSample> projected(const std::vector<TimelinePoint>& points) {
 } // namespace
 
 int main() {
+    tuneAllocatorForLargeDocuments();
     const auto points = generatedHistory();
     const auto samples = projected(points);
     const auto& zone = *date::locate_zone("Europe/Berlin");

@@ -6,6 +6,7 @@
 
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
+#include "core/base/allocator_tuning.h"
 #include "core/base/file_io.h"
 #include "core/base/time_zones.h"
 #include "core/timeline/timeline_session.h"
@@ -17,6 +18,7 @@
 using namespace trackloom;
 
 int main() {
+    tuneAllocatorForLargeDocuments();
     const auto path = bench::ensureLargeTimeline(bench::benchmarkDataFolder());
     const auto* zone = findTimeZone("Europe/Berlin");
     const long peak = bench::peakRSSOfChild(

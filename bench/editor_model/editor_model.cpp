@@ -15,6 +15,7 @@
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
 #include "bench/support/no_dialogs.h"
+#include "core/base/allocator_tuning.h"
 #include "core/base/file_io.h"
 
 #include <QApplication>
@@ -25,6 +26,7 @@
 using namespace trackloom;
 
 int main(int argc, char** argv) {
+    tuneAllocatorForLargeDocuments();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const auto path = bench::ensureLargeGPX(bench::benchmarkDataFolder());

@@ -8,6 +8,7 @@
 #include "app/map/tile_source.h"
 #include "bench/support/large_gpx.h"
 #include "bench/support/measure.h"
+#include "core/base/allocator_tuning.h"
 #include "core/base/file_io.h"
 #include "core/track/gpx_track.h"
 #include "core/track/speed_scale.h"
@@ -52,6 +53,7 @@ double millisecondsSince(std::chrono::steady_clock::time_point since) {
 } // namespace
 
 int main(int argc, char** argv) {
+    tuneAllocatorForLargeDocuments();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const auto path = bench::ensureLargeGPX(bench::benchmarkDataFolder());

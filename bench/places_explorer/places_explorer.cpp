@@ -12,6 +12,7 @@
 #include "bench/support/event_loop_probe.h"
 #include "bench/support/measure.h"
 #include "bench/support/no_dialogs.h"
+#include "core/base/allocator_tuning.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -64,6 +65,7 @@ std::shared_ptr<const std::vector<TimelinePoint>> generatedHistory() {
 } // namespace
 
 int main(int argc, char** argv) {
+    tuneAllocatorForLargeDocuments();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const auto points = generatedHistory();

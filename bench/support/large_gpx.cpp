@@ -70,15 +70,44 @@ std::string generate() {
     return out;
 }
 
+/// 1.75 million bare points in one section, written as tightly as a logger
+/// could: what the most points within the size limit look like.
+std::string generateDense() {
+    constexpr long points = 1750000;
+    std::string out;
+    out.reserve(maximumGPXFileSize);
+    out += "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+           "<gpx xmlns=\"http://www.topografix.com/GPX/1/1\" version=\"1.1\" "
+           "creator=\"Trackloom benchmark\"><trk><trkseg>";
+    char buffer[64];
+    for (long index = 0; index < points; ++index) {
+        std::snprintf(buffer, sizeof buffer, "<trkpt lat=\"4.%ld\" lon=\"8.%ld\"/>", index % 97,
+                      index % 91);
+        out += buffer;
+    }
+    out += "</trkseg></trk></gpx>\n";
+    if (out.size() > maximumGPXFileSize) {
+        throw std::logic_error("the dense GPX must stay within the reader's size limit");
+    }
+    return out;
+}
+
+std::filesystem::path ensureFile(const std::filesystem::path& path, std::string (*generator)()) {
+    if (!std::filesystem::exists(path)) {
+        std::filesystem::create_directories(path.parent_path());
+        writeFileAtomically(path, generator());
+    }
+    return path;
+}
+
 } // namespace
 
 std::filesystem::path ensureLargeGPX(const std::filesystem::path& folder) {
-    const auto path = folder / "large-generated.gpx";
-    if (!std::filesystem::exists(path)) {
-        std::filesystem::create_directories(folder);
-        writeFileAtomically(path, generate());
-    }
-    return path;
+    return ensureFile(folder / "large-generated.gpx", generate);
+}
+
+std::filesystem::path ensureDenseGPX(const std::filesystem::path& folder) {
+    return ensureFile(folder / "dense-generated.gpx", generateDense);
 }
 
 } // namespace trackloom::bench

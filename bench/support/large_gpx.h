@@ -11,4 +11,8 @@ namespace trackloom::bench {
 /// The generated file's path inside `folder`, writing it first when missing.
 std::filesystem::path ensureLargeGPX(const std::filesystem::path& folder);
 
+/// A second file at the same limit made of 1.75 million bare `trkpt` elements
+/// in one section, written into `folder` when missing.
+std::filesystem::path ensureDenseGPX(const std::filesystem::path& folder);
+
 } // namespace trackloom::bench

@@ -12,6 +12,7 @@
 #include "bench/support/large_timeline.h"
 #include "bench/support/measure.h"
 #include "bench/support/no_dialogs.h"
+#include "core/base/allocator_tuning.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -23,6 +24,7 @@
 using namespace trackloom;
 
 int main(int argc, char** argv) {
+    tuneAllocatorForLargeDocuments();
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     const auto path = bench::ensureLargeTimeline(bench::benchmarkDataFolder());

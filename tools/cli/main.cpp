@@ -1,8 +1,10 @@
 // trackloom-cli: the core's operations for scripting, with JSON on stdout.
 
+#include "core/base/allocator_tuning.h"
 #include "tools/cli/command_registry.h"
 
 int main(int argc, char** argv) {
+    trackloom::tuneAllocatorForLargeDocuments();
     using namespace trackloom::cli;
     CLI::App app{"Trackloom – GPX-Tracks, Zeitachsen und Orte auf der Kommandozeile"};
     app.set_version_flag("--version", TRACKLOOM_VERSION);
