@@ -147,11 +147,12 @@ void EditorExports::write(EditorExport plan) {
     }
     m_model.setStatus(tr("GPX-Datei wird geschrieben …"));
     // Only the whole track counts as saving the edits.
-    const auto* session = m_model.session();
+    auto* session = m_model.m_session.get();
     std::optional<EditorModel::WrittenState> saved;
+    TrackPtr source;
     if (plan.kind != EditorExport::Kind::section && session) {
-        saved =
-            EditorModel::WrittenState{session->workingSource(), session->timing(), plan.shiftTo};
+        saved = EditorModel::WrittenState{session->workingBytes(), session->timing(), plan.shiftTo};
+        source = session->workingSource();
     }
     const QString successStatus = plan.successStatus;
     m_model.m_jobs.start<bool>(
@@ -160,9 +161,9 @@ void EditorExports::write(EditorExport plan) {
             writeFileAtomically(localPath(plan.destination), exportedBytes(plan));
             return true;
         },
-        [this, saved = std::move(saved), successStatus](bool) {
+        [this, saved = std::move(saved), source = std::move(source), successStatus](bool) {
             if (saved) {
-                m_model.markExported(*saved);
+                m_model.markExported(*saved, source);
             }
             m_model.clearError();
             m_model.setStatus(successStatus);

@@ -89,7 +89,11 @@ void EditorModel::startLoad(std::function<TrackPtr()> read, std::function<void()
     m_jobs.start<SessionPtr>(
         loadLane,
         [read = std::move(read), removesAirRoutes](const JobContext&) {
-            return std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
+            auto session = std::make_shared<GPXEditingSession>(read(), removesAirRoutes);
+            // Written here rather than on the main thread, where the model
+            // keeps them as the state that is saved.
+            session->workingBytes();
+            return session;
         },
         [this, adopt = std::move(adopt),
          successStatus = std::move(successStatus)](SessionPtr session) {
@@ -117,8 +121,8 @@ void EditorModel::showNewSession(SessionPtr session) {
     }
     m_appendSummary.clear();
     ++m_openedRevision;
-    m_jobs.retire(std::move(m_written.source));
-    m_written = {m_session->workingSource(), std::nullopt, std::nullopt};
+    m_jobs.retire(std::move(m_written.sourceBytes));
+    m_written = {m_session->workingBytes(), std::nullopt, std::nullopt};
     setStructuralDirty(false);
     m_mapTool.reset();
     m_timeFields.follow(*m_track, true);

@@ -196,9 +196,10 @@ QStringList EditorModel::protectedPaths() const {
     return paths;
 }
 
-void EditorModel::markExported(WrittenState written) {
+void EditorModel::markExported(WrittenState written, TrackPtr source) {
     m_jobs.retire(std::move(m_lastExportedSource));
-    m_lastExportedSource = written.source;
+    m_lastExportedSource = std::move(source);
+    m_jobs.retire(std::move(m_written.sourceBytes));
     m_written = std::move(written);
     setStructuralDirty(false);
     updateUnsavedWork();
@@ -220,9 +221,10 @@ bool sameTiming(const std::optional<Timing>& a, const std::optional<Timing>& b) 
 }
 
 // Undo states are kept packed, so an undone source is an equal track rather
-// than the same object; its bytes tell.
-bool sameSource(const TrackPtr& a, const TrackPtr& b) {
-    return a == b || (a && b && a->data() == b->data());
+// than the same object; its bytes tell. The session keeps them from each edit.
+bool sameBytes(const std::shared_ptr<const std::string>& a,
+               const std::shared_ptr<const std::string>& b) {
+    return a == b || (a && b && *a == *b);
 }
 
 } // namespace
@@ -233,9 +235,10 @@ void EditorModel::updateUnsavedWork() {
     if (m_lentSession) {
         return;
     }
-    const bool unsaved = m_session && (!sameSource(m_session->workingSource(), m_written.source) ||
-                                       !sameTiming(m_session->timing(), m_written.timing) ||
-                                       m_timeFields.pendingShift() != m_written.shift);
+    const bool unsaved =
+        m_session && (!sameBytes(m_session->workingBytes(), m_written.sourceBytes) ||
+                      !sameTiming(m_session->timing(), m_written.timing) ||
+                      m_timeFields.pendingShift() != m_written.shift);
     if (unsaved != m_unsavedWork) {
         m_unsavedWork = unsaved;
         emit unsavedWorkChanged();

@@ -1,5 +1,7 @@
 #include "app/shell/job_runner.h"
 
+#include "core/base/background_release.h"
+
 #include <QCoreApplication>
 #include <QThread>
 #include <algorithm>
@@ -170,10 +172,7 @@ void JobRunner::retire(std::shared_ptr<const void> value) {
     }
     // Screens may still show the value until the current event is handled.
     QMetaObject::invokeMethod(
-        this,
-        [this, value = std::move(value)]() mutable {
-            m_pool.start([value = std::move(value)]() mutable { value.reset(); });
-        },
+        this, [this, value = std::move(value)]() mutable { releaseInBackground(std::move(value)); },
         Qt::QueuedConnection);
 }
 

@@ -90,8 +90,8 @@ class JobRunner : public QObject {
     /// Some lane has a current job.
     bool isBusy() const { return m_running > 0; }
 
-    /// Keeps `value` alive until the current event has been handled, then
-    /// frees it on the pool.
+    /// Keeps `value` alive until the current event has been handled, then hands
+    /// it to the background release thread (the one the core's sessions use).
     void retire(std::shared_ptr<const void> value);
 
     /// The text a job's unexpected failure becomes.

@@ -72,39 +72,45 @@ std::int64_t GPXEditingSession::requiredSourceID(std::int64_t displayed) const {
 
 void GPXEditingSession::split(std::int64_t displayed, const std::string& firstName,
                               const std::string& secondName) {
-    commit(splitting(*m_workingSource, requiredSourceID(displayed), firstName, secondName));
+    commit([&] {
+        return splitting(*m_workingSource, requiredSourceID(displayed), firstName, secondName);
+    });
 }
 
 void GPXEditingSession::deletePoint(std::int64_t displayed) {
-    commit(removingPoints(*m_workingSource, {requiredSourceID(displayed)}));
+    commit([&] { return removingPoints(*m_workingSource, {requiredSourceID(displayed)}); });
 }
 
 void GPXEditingSession::move(std::int64_t displayed, Coordinate to) {
-    commit(movingPoint(*m_workingSource, requiredSourceID(displayed), to));
+    commit([&] { return movingPoint(*m_workingSource, requiredSourceID(displayed), to); });
 }
 
 void GPXEditingSession::insert(const std::vector<Coordinate>& coordinates,
                                std::int64_t afterDisplayed) {
-    commit(inserting(*m_workingSource, coordinates, requiredSourceID(afterDisplayed)));
+    commit(
+        [&] { return inserting(*m_workingSource, coordinates, requiredSourceID(afterDisplayed)); });
 }
 
 void GPXEditingSession::trimStart(std::int64_t displayed) {
-    commit(trimmingBefore(*m_workingSource, requiredSourceID(displayed)));
+    commit([&] { return trimmingBefore(*m_workingSource, requiredSourceID(displayed)); });
 }
 
 void GPXEditingSession::trimEnd(std::int64_t displayed) {
-    commit(trimmingAfter(*m_workingSource, requiredSourceID(displayed)));
+    commit([&] { return trimmingAfter(*m_workingSource, requiredSourceID(displayed)); });
 }
 
 void GPXEditingSession::mergeSegments() {
-    commit(mergingSegments(*m_workingSource));
+    commit([&] { return mergingSegments(*m_workingSource); });
 }
 
-void GPXEditingSession::commit(const TrackPtr& newSource) {
+void GPXEditingSession::commit(const std::function<TrackPtr()>& edit) {
+    waitForBackgroundReleases();
+    const auto newSource = edit();
     replaceState(newSource, rendered(newSource, m_timing, m_removesAirRoutes));
 }
 
 void GPXEditingSession::append(const GPXTrack& other) {
+    waitForBackgroundReleases();
     const auto base = m_timing ? materializingTimes(*m_workingSource, *m_track, m_removesAirRoutes)
                                : m_workingSource;
     const auto combined = appending(*base, other);
@@ -116,13 +122,13 @@ void GPXEditingSession::append(const GPXTrack& other) {
 }
 
 void GPXEditingSession::replaceState(const TrackPtr& newSource, const TrackPtr& display) {
-    auto newBytes = newSource->data();
-    const auto& oldBytes = workingBytes();
-    Snapshot left{packed(*m_workingSource, oldBytes, newBytes), m_timing, m_materializedTimes};
+    auto newBytes = std::make_shared<const std::string>(newSource->data());
+    const auto oldBytes = workingBytes();
+    Snapshot left{packed(*m_workingSource, *oldBytes, *newBytes), m_timing, m_materializedTimes};
     if (m_source) {
         // The first state left is the opened track itself; from now on it is
         // only kept as its bytes.
-        m_packedSource = packed(*m_source, oldBytes, "");
+        m_packedSource = packed(*m_source, *oldBytes, "");
         releaseInBackground(std::exchange(m_source, nullptr));
     }
     m_undoStack.push_back(std::move(left));
@@ -144,11 +150,12 @@ void GPXEditingSession::step(std::vector<Snapshot>& from, std::vector<Snapshot>&
     if (from.empty()) {
         return;
     }
+    waitForBackgroundReleases();
     const auto& target = from.back();
-    const auto& currentBytes = workingBytes();
-    auto restored = unpacked(target.source, currentBytes);
+    const auto currentBytes = workingBytes();
+    auto restored = unpacked(target.source, *currentBytes);
     auto display = rendered(restored.track, target.timing, m_removesAirRoutes);
-    Snapshot left{packed(*m_workingSource, currentBytes, restored.bytes), m_timing,
+    Snapshot left{packed(*m_workingSource, *currentBytes, restored.bytes), m_timing,
                   m_materializedTimes};
     m_timing = target.timing;
     m_materializedTimes = target.materialized;
@@ -156,14 +163,14 @@ void GPXEditingSession::step(std::vector<Snapshot>& from, std::vector<Snapshot>&
     to.push_back(std::move(left));
     releaseInBackground(std::exchange(m_workingSource, std::move(restored.track)));
     releaseInBackground(std::exchange(m_track, std::move(display)));
-    m_workingBytes = std::move(restored.bytes);
+    m_workingBytes = std::make_shared<const std::string>(std::move(restored.bytes));
 }
 
-const std::string& GPXEditingSession::workingBytes() {
+std::shared_ptr<const std::string> GPXEditingSession::workingBytes() {
     if (!m_workingBytes) {
-        m_workingBytes = m_workingSource->data();
+        m_workingBytes = std::make_shared<const std::string>(m_workingSource->data());
     }
-    return *m_workingBytes;
+    return m_workingBytes;
 }
 
 bool GPXEditingSession::canEdit(std::int64_t displayed) const {

@@ -11,7 +11,9 @@
 // undo followed by a redo gives an equal state, not the same object.
 //
 // Replaced states are let go of on the background release thread: freeing a
-// large document must not hold up the edit that replaced it.
+// large document must not hold up the edit that replaced it. The next edit, undo
+// or redo waits for those releases before it copies, so that at most two
+// documents (the working one and its edited copy) are alive at once.
 //
 // Generated times stay a rule (`Timing`) applied to every new display; they become
 // data of the source only when a second file is appended.
@@ -19,6 +21,7 @@
 #include "core/editing/packed_track.h"
 #include "core/track/gpx_track.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <variant>
@@ -85,6 +88,11 @@ class GPXEditingSession {
     void undo();
     void redo();
 
+    /// The working source's serialisation, shared: kept from the last edit, undo
+    /// or redo, so that asking then costs nothing (after opening it is written
+    /// on the first call).
+    std::shared_ptr<const std::string> workingBytes();
+
     /// Whether the displayed point exists and may be edited (not an air-route point).
     bool canEdit(std::int64_t displayed) const;
     /// Whether new points can go after the displayed point.
@@ -102,12 +110,12 @@ class GPXEditingSession {
                       bool removesAirRoutes) const;
     void apply(const Timing& timing);
     std::int64_t requiredSourceID(std::int64_t displayed) const;
-    void commit(const TrackPtr& newSource);
+    /// Runs `edit` on the working source and makes its result the new state.
+    void commit(const std::function<TrackPtr()>& edit);
     /// Leaves the current state for `newSource` (shown as `display`), keeping the
     /// current one on the undo stack.
     void replaceState(const TrackPtr& newSource, const TrackPtr& display);
     void step(std::vector<Snapshot>& from, std::vector<Snapshot>& to);
-    const std::string& workingBytes();
 
     PackedTrack m_packedSource;
     TrackPtr m_source;
@@ -116,7 +124,7 @@ class GPXEditingSession {
     bool m_materializedTimes = false;
     std::optional<Timing> m_timing;
     TrackPtr m_workingSource;
-    std::optional<std::string> m_workingBytes;
+    std::shared_ptr<const std::string> m_workingBytes;
     std::vector<Snapshot> m_undoStack;
     std::vector<Snapshot> m_redoStack;
 };
