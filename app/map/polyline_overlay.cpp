@@ -45,8 +45,13 @@ void PolylineOverlay::paintRun(QPainter& painter, const MapViewport& viewport, c
     const auto colorOf = [&](std::size_t leg) {
         return leg < line.legColors.size() ? line.legColors[leg] : m_color.rgba();
     };
-    QPen pen(QColor::fromRgba(colorOf(run.front())), m_width, Qt::SolidLine, Qt::RoundCap,
-             Qt::RoundJoin);
+    // A run still this long after simplifying is denser than the pixels it
+    // crosses (a logger's noise, not a route): a wide pen would be stroked as
+    // one outline of all its vertices, which takes minutes; one-pixel lines are
+    // drawn directly and show the same.
+    constexpr std::size_t denseRun = 20000;
+    QPen pen(QColor::fromRgba(colorOf(run.front())), run.size() > denseRun ? 1.0 : m_width,
+             Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
     // Consecutive legs of one colour go out as one polyline: far fewer calls,
     // and joins instead of overlapping caps.
     QPolygonF stretch;
