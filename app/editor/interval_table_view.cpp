@@ -3,6 +3,7 @@
 #include "app/editor/editor_model.h"
 #include "app/editor/editor_texts.h"
 #include "app/editor/interval_table_model.h"
+#include "app/shell/row_tables.h"
 
 #include <QCheckBox>
 #include <QDoubleSpinBox>
@@ -50,13 +51,7 @@ IntervalTableView::IntervalTableView(EditorModel& model, QWidget* parent)
 
     m_table->setModel(m_rows);
     m_table->setItemDelegate(new SuspiciousTint(m_table));
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->verticalHeader()->hide();
-    // Fixed row heights let the view skip measuring hundreds of thousands of rows.
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    prepareRowTable(*m_table, QAbstractItemView::SingleSelection);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
     m_table->horizontalHeader()->setStretchLastSection(true);
     fitColumns();

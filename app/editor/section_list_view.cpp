@@ -2,6 +2,7 @@
 
 #include "app/editor/editor_model.h"
 #include "app/editor/section_table_model.h"
+#include "app/shell/row_tables.h"
 
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -14,10 +15,7 @@ SectionListView::SectionListView(EditorModel& model, QAction* exportSection, QWi
     : QWidget(parent), m_model(model), m_rows(new SectionTableModel(this)),
       m_table(new QTableView) {
     m_table->setModel(m_rows);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->verticalHeader()->hide();
+    prepareRowTable(*m_table, QAbstractItemView::SingleSelection);
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
     m_table->horizontalHeader()->setSectionResizeMode(SectionTableModel::nameColumn,
                                                       QHeaderView::Stretch);

@@ -3,6 +3,7 @@
 #include "app/editor/editor_model.h"
 #include "app/editor/waypoint_table_model.h"
 #include "app/map/map_widget.h"
+#include "app/shell/row_tables.h"
 
 #include <QHeaderView>
 #include <QLabel>
@@ -17,14 +18,10 @@ WaypointListView::WaypointListView(EditorModel& model, MapWidget* map, QWidget* 
       m_rows(new WaypointTableModel(model.timeFields().zone(), this)), m_table(new QTableView),
       m_empty(new QLabel(tr("Diese Datei enthält keine Wegpunkte."))), m_pages(new QStackedWidget) {
     m_table->setModel(m_rows);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->verticalHeader()->hide();
+    prepareRowTable(*m_table, QAbstractItemView::SingleSelection);
     // Every column keeps the width of its texts; a narrow table scrolls rather
-    // than cutting names or breaking coordinates over two lines.
+    // than cutting names.
     m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    m_table->setWordWrap(false);
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
     m_pages->addWidget(m_table);

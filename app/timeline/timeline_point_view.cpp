@@ -1,5 +1,6 @@
 #include "app/timeline/timeline_point_view.h"
 
+#include "app/shell/row_tables.h"
 #include "app/timeline/timeline_model.h"
 #include "app/timeline/timeline_point_table.h"
 
@@ -20,14 +21,7 @@ TimelinePointView::TimelinePointView(TimelineModel& model, QWidget* parent)
     m_table->setModel(m_sorted);
     m_table->setSortingEnabled(true);
     m_table->sortByColumn(TimelinePointTable::timeColumn, Qt::AscendingOrder);
-    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_table->setSelectionMode(QAbstractItemView::ExtendedSelection);
-    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_table->setWordWrap(false);
-    m_table->verticalHeader()->hide();
-    // Fixed row heights let the view skip measuring tens of thousands of rows.
-    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_table->verticalHeader()->setDefaultSectionSize(m_table->fontMetrics().height() + 6);
+    prepareRowTable(*m_table, QAbstractItemView::ExtendedSelection);
     auto* header = m_table->horizontalHeader();
     header->setSectionResizeMode(QHeaderView::Interactive);
     header->setStretchLastSection(true);
